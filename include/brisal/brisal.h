@@ -1,0 +1,522 @@
+/*
+ * brisal.h - the whole public interface of Brisal, a software rasteriser.
+ *
+ * The caller owns every pixel. It names a target buffer and a viewport, then calls flat C
+ * functions that draw into that memory. Nothing is allocated in the steady state, nothing is
+ * logged, and no call fails loudly: what cannot be drawn is not drawn.
+ *
+ *     BRSL_Init_Lib();
+ *     BRSL_SetBuffer(pixels, 640 * 4, BRSL_FORMAT_X32);
+ *     BRSL_SetBufferViewPort(0, 0, 640, 480);
+ *     BRSL_Circle(320, 240, 100, 0xFF8000, 0);
+ *
+ * CONVENTIONS
+ *
+ * Colour        0xAARRGGBB: blue in bits 0-7, green 8-15, red 16-23, alpha 24-31.
+ * Packed colour A colour in the storage of the target's format, as RGBForBuffer gives it:
+ *                 format 1     RGBto565(colour)
+ *                 format 2     RGBto555(colour)
+ *                 format 3     colour & 0xFFFFFF
+ *                 formats 4, 5 the colour unchanged, all 32 bits
+ * Coordinates   Pixels; x grows to the right, y downwards. Pixel (x, y) lies at
+ *               address + y * pitch + x * bytes per pixel; pitch is in bytes and may be negative.
+ *               Unless a function says otherwise any 32-bit value is safe.
+ * Rectangles    Left and top belong to it, right and bottom do not.
+ * Viewport      Clips every function except those that say "not clipped". It must lie inside the
+ *               target buffer: that is the caller's part of the bargain.
+ * Formats       BRSL_FORMAT_*. With any other code every drawing function draws nothing.
+ * Draw modes    DRAW_*. How a written channel s meets the target's channel d. Exactly one is given;
+ *               any other value draws nothing. a is the ink alpha.
+ *                 DRAW_NORMAL, DRAW_SOLID  s
+ *                 DRAW_ALPHA   d + floor((s - d) * a / 256); a = 0 draws nothing, a = 255 draws s
+ *                 DRAW_HALF    (d >> 1) + (s >> 1); in format 3 (d + s) >> 1
+ *                 DRAW_ADD     min(d + s, channel maximum)
+ *                 DRAW_SUB     max(d - s, 0)
+ *                 DRAW_AND     d & s
+ *                 DRAW_OR      d | s
+ *                 DRAW_XOR     d ^ s
+ *                 DRAW_MULT    (d * s) >> channel width in bits
+ *                 DRAW_REVSUB  max(s - d, 0)
+ *               In formats 4 and 5 the solid, and, or and xor modes treat the top byte like the
+ *               other channels; every other mode writes it as 0. Bit 15 of format 2 belongs to no
+ *               channel: the same four kinds of mode treat it as a bit, the others write it as 0.
+ * Flags         Shape functions carry the draw mode in bits 4-15 (flags & 0xFFF0); 0 there draws
+ *               solid. So DRAW_ALPHA to DRAW_REVSUB may be given as they are.
+ * Span fills    Filled shapes depart from the one-pixel rule in two places:
+ *                 DRAW_ALPHA in formats 1 and 2: an ink alpha up to 16 draws nothing, one from 240
+ *                 draws solid;
+ *                 DRAW_ADD and DRAW_SUB of packed colour 0 leave the target as it is (top byte too).
+ * Gouraud       A row of n pixels from colour l to colour r gives pixel i (0 .. n - 1) the channel
+ *               (l * 65536 + i * trunc((r - l) * 65536 / n)) >> 16, reduced to the format's width by
+ *               dropping low bits. Offered in DRAW_NORMAL, DRAW_SOLID, DRAW_HALF, DRAW_ADD,
+ *               DRAW_SUB, DRAW_MULT and DRAW_REVSUB; other modes draw nothing. The top byte is
+ *               written as 0, except that DRAW_ADD and DRAW_SUB leave a row alone whose two
+ *               colours are both 0.
+ * Threads       None. The library's state is one for the process; calls must not overlap.
+ */
+#ifndef BRISAL_BRISAL_H
+#define BRISAL_BRISAL_H
+
+#include <stdint.h>
+
+#define BRSL_VERSION_MAJOR 0
+#define BRSL_VERSION_MINOR 1
+#define BRSL_VERSION_PATCH 0
+
+#if defined(_WIN32) && !defined(_WIN64)
+#define BRSL_CALL __stdcall
+#else
+#define BRSL_CALL
+#endif
+
+#if defined(BRISAL_BUILD) && !defined(_WIN32)
+#define BRSL_API __attribute__((visibility("default")))
+#else
+#define BRSL_API
+#endif
+
+/* Pixel format codes. */
+#define BRSL_FORMAT_565 1 /* 16-bit word: red in bits 11-15, green 5-10, blue 0-4 */
+#define BRSL_FORMAT_555 2 /* 16-bit word: red in bits 10-14, green 5-9, blue 0-4; bit 15 unused */
+#define BRSL_FORMAT_RGB 3 /* three bytes in memory order red, green, blue */
+#define BRSL_FORMAT_X32 4 /* 32-bit little-endian 0xAARRGGBB, top byte not significant */
+#define BRSL_FORMAT_A32 5 /* 32-bit little-endian 0xAARRGGBB, top byte an alpha channel */
+
+/* Draw modes. */
+#define DRAW_NORMAL 1
+#define DRAW_SOLID 2
+#define DRAW_ALPHA 16
+#define DRAW_HALF 32
+#define DRAW_ADD 64
+#define DRAW_SUB 128
+#define DRAW_AND 256
+#define DRAW_OR 512
+#define DRAW_XOR 1024
+#define DRAW_MULT 2048
+#define DRAW_REVSUB 4096
+
+/* Shape flags, beside a draw mode. */
+#define BRSL_OUTLINE 1
+#define BRSL_FILLED 2
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- State and pixel formats --------------------------------------------------------------- */
+
+/*
+ * Starts the library: sets the MMX switch to CPU_CheckMMX() and builds the quarter-circle table.
+ * Call it once after loading and before drawing; circles and ellipses need it. Calling it again
+ * does the same again.
+ * Returns 1.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_Init_Lib(void);
+
+/*
+ * Sets the target buffer that every drawing call writes into. Nothing is checked or read here.
+ * address: pixel (0, 0). pitch: bytes from one row to the next, any sign. format: BRSL_FORMAT_*;
+ * any other code makes drawing calls draw nothing.
+ * The caller guarantees that the viewport, and every pixel given to a function that is not
+ * clipped, lies in writable memory. No alignment is needed.
+ */
+BRSL_API void BRSL_CALL BRSL_SetBuffer(void *address, int32_t pitch, int32_t format);
+
+/*
+ * Sets the source buffer that copying calls read. Arguments as for BRSL_SetBuffer; the memory only
+ * needs to be readable, unless a function says that it writes there.
+ */
+BRSL_API void BRSL_CALL BRSL_SetSrcBuffer(void *address, int32_t pitch, int32_t format);
+
+/*
+ * Sets the blend source buffer, a second picture that some effects read. Arguments as for
+ * BRSL_SetSrcBuffer.
+ */
+BRSL_API void BRSL_CALL BRSL_SetSrcBlendBuffer(void *address, int32_t pitch, int32_t format);
+
+/*
+ * Sets the viewport: left = min(x1, x2), top = min(y1, y2), right = max(x1, x2),
+ * bottom = max(y1, y2). A pixel is inside when left <= x < right and top <= y < bottom, so
+ * (0, 0, 320, 200) admits x 0-319 and y 0-199, and equal corners admit nothing.
+ * The caller guarantees that the viewport lies inside the target buffer while drawing.
+ */
+BRSL_API void BRSL_CALL BRSL_SetBufferViewPort(int32_t x1, int32_t y1, int32_t x2, int32_t y2);
+
+/*
+ * Sets the ink alpha, the level of DRAW_ALPHA; 255 until it is first set.
+ * alpha: clamped to 0-255.
+ * Returns the value stored.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_SetInkAlpha(int32_t alpha);
+
+/*
+ * Returns the ink alpha, 0-255.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_GetInkAlpha(void);
+
+/*
+ * Stores a number for the host; nothing in the library reads it.
+ * index: 0-255; with any other index nothing is stored. value: any.
+ * Returns value, or 0 for an index out of range.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_SetDebug(int32_t index, int32_t value);
+
+/*
+ * Returns what BRSL_SetDebug stored at index, 0 where nothing was or the index is not 0-255.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_GetDebug(int32_t index);
+
+/*
+ * Returns 1 when the processor reports MMX, else 0 (always 0 on other processor families).
+ */
+BRSL_API int32_t BRSL_CALL CPU_CheckMMX(void);
+
+/*
+ * Returns the MMX switch: 1 when the wide instruction set may be used, 0 for the plain one. It
+ * chooses speed only; every result is the same on both sides.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_GetMMXState(void);
+
+/*
+ * Sets the MMX switch to state & 1 where CPU_CheckMMX() is 1; elsewhere leaves it as it is.
+ * Returns the value set, 0 where it was left alone.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_SetMMXState(int32_t state);
+
+/*
+ * Starts a cycle count: stores the processor's time-stamp counter, or a monotonic nanosecond clock
+ * where there is none.
+ * slot: 0-127; with any other slot nothing is stored.
+ * Returns 1, or 0 for a slot out of range.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_StartCC(int32_t slot);
+
+/*
+ * Returns the low 32 bits of the counter's advance since BRSL_StartCC(slot); since 0 when that was
+ * never called; 0 for a slot outside 0-127.
+ */
+BRSL_API uint32_t BRSL_CALL BRSL_GetCCTP(int32_t slot);
+
+/*
+ * Maps a bank address to a plain one. Memory is flat, so this returns the address unchanged.
+ */
+BRSL_API void *BRSL_CALL BRSL_BankPTR(void *address);
+
+/*
+ * Returns a colour as 5:6:5, low bits dropped; bits 24-31 take no part:
+ * ((colour >> 8) & 0xF800) | ((colour >> 5) & 0x7E0) | ((colour >> 3) & 0x1F).
+ */
+BRSL_API uint32_t BRSL_CALL RGBto565(uint32_t colour);
+
+/*
+ * Returns a colour as 5:5:5, low bits dropped; bits 24-31 take no part:
+ * ((colour >> 9) & 0x7C00) | ((colour >> 6) & 0x3E0) | ((colour >> 3) & 0x1F).
+ */
+BRSL_API uint32_t BRSL_CALL RGBto555(uint32_t colour);
+
+/*
+ * Packs a colour for the current target's format (see Packed colour above); with a format outside
+ * 1-3 the colour comes back unchanged.
+ * reserved: not used.
+ */
+BRSL_API uint32_t BRSL_CALL RGBForBuffer(uint32_t colour, int32_t reserved);
+
+/* ---- Memory -------------------------------------------------------------------------------- */
+
+/*
+ * Copies byteCount bytes, source first. Overlapping blocks are not supported; a byteCount of 0
+ * copies nothing.
+ * The caller guarantees both ranges. (The name is in parentheses because <windows.h> has a macro
+ * of it; call it the same way where that header is in use.)
+ */
+BRSL_API void BRSL_CALL(CopyMemory)(const void *source, void *destination, uint32_t byteCount);
+
+/*
+ * Writes count elements in a row, each holding the low bits of value.
+ * count: a count <= 0 writes nothing. size: element size code, of which size & 7 counts: 1 (or 0) =
+ * 8 bits, 2 = 16 bits, 3 = 24 bits (three bytes, low byte first), 4 = 32 bits; 5-7 write nothing.
+ * Words are little-endian and need no alignment. The caller guarantees the range. (In parentheses
+ * for the same reason as CopyMemory.)
+ */
+BRSL_API void BRSL_CALL(FillMemory)(void *destination, int32_t count, uint32_t value, int32_t size);
+
+/*
+ * As FillMemory, but the elements lie stride elements apart (a byte step of stride * element size).
+ * stride: negative walks backwards from destination; 0 writes nothing.
+ * The caller guarantees that every element written lies in its memory.
+ */
+BRSL_API void BRSL_CALL FillMemoryEx(void *destination, int32_t stride, int32_t count, uint32_t value,
+                                     int32_t size);
+
+/*
+ * Returns 1 when the first count bytes at a and b are equal, or count <= 0; else 0.
+ * The caller guarantees both ranges.
+ */
+BRSL_API int32_t BRSL_CALL CompareBytes(const void *a, const void *b, int32_t count);
+
+/*
+ * Counts the elements equal to value, from the one at address until the first that differs.
+ * direction: >= 0 walks towards higher addresses, < 0 towards lower. count: the most to look at;
+ * <= 0 gives 0. size: 1, 2 or 4 bytes, any other gives 0. value: compared with the element
+ * sign-extended to 32 bits, so a byte 0xFF equals -1 and never 255.
+ * Returns the number of equal elements, at most count. The caller guarantees the range.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_FindRunLength(const void *address, int32_t direction, int32_t count,
+                                              int32_t size, int32_t value);
+
+/* ---- Pixels and strips --------------------------------------------------------------------- */
+
+/*
+ * Combines one packed colour with the pixel at (x, y) by a draw mode. This is the one-pixel rule
+ * that the other writers follow.
+ * packedColour: packed for the target. mode: a draw mode.
+ * Not clipped: the caller guarantees that (x, y) lies inside the buffer.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawPixel(int32_t x, int32_t y, uint32_t packedColour, int32_t mode);
+
+/*
+ * Packs a colour and draws one pixel as BRSL_DrawPixel does, if (x, y) is inside the viewport.
+ * colour: 0xAARRGGBB. mode: a draw mode.
+ */
+BRSL_API void BRSL_CALL BRSL_Dot(int32_t x, int32_t y, uint32_t colour, int32_t mode);
+
+/*
+ * BRSL_Dot without the viewport test. Not clipped: the caller guarantees that (x, y) lies inside
+ * the buffer.
+ */
+BRSL_API void BRSL_CALL BRSL_FastDot(int32_t x, int32_t y, uint32_t colour, int32_t mode);
+
+/*
+ * Returns the pixel at (x, y) as a colour; 0 outside the viewport or for a format outside 1-5.
+ * Channels of formats 1 and 2 are moved to the top of their bytes, low bits 0 and alpha 0; format 3
+ * has alpha 0; formats 4 and 5 come back as stored, top byte included.
+ */
+BRSL_API uint32_t BRSL_CALL BRSL_Point(int32_t x, int32_t y);
+
+/*
+ * BRSL_Point without the viewport test: format 1 is read as 5:6:5, every other code below 3 as
+ * 5:5:5, format 3 as three bytes, every code above 3 as 32 bits.
+ * The caller guarantees that (x, y) lies inside the buffer.
+ */
+BRSL_API uint32_t BRSL_CALL BRSL_FastPoint(int32_t x, int32_t y);
+
+/*
+ * BRSL_Point without the viewport test, through a table: formats 0 and 1 are read as 5:6:5, 2 as
+ * 5:5:5, 3 as three bytes, 4 to 6 as 32 bits; any other code gives 0.
+ * The caller guarantees that (x, y) lies inside the buffer.
+ */
+BRSL_API uint32_t BRSL_CALL BRSL_FastPoint_JT(int32_t x, int32_t y);
+
+/*
+ * Draws the pixels x1 <= x < x2 of row y in a draw mode; x2 <= x1 draws nothing.
+ * packedColour: packed for the target. mode: DRAW_NORMAL, DRAW_SOLID, DRAW_ALPHA, DRAW_HALF,
+ * DRAW_AND, DRAW_OR, DRAW_XOR in formats 1-5; DRAW_ADD and DRAW_SUB in formats 1-4; DRAW_MULT in
+ * format 1; every other pair draws nothing. Pixels follow the one-pixel rule, except that
+ * DRAW_ALPHA in formats 1 and 2 draws nothing while the ink alpha is below 15.
+ * Not clipped: the caller guarantees that the strip lies inside the buffer.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawStrip(int32_t y, int32_t x1, int32_t x2, uint32_t packedColour,
+                                       int32_t mode);
+
+/* ---- Boxes --------------------------------------------------------------------------------- */
+
+/*
+ * Draws a box between two corners given in either order.
+ * colour: 0xAARRGGBB. flags: BRSL_OUTLINE (which wins) or BRSL_FILLED, neither draws nothing; plus
+ * a draw mode in bits 4-15.
+ * Filled, it covers left <= x < right, top <= y < bottom by the rules of span fills.
+ * Outlined, it includes column right and row bottom: the top edge, the bottom edge, then the left
+ * and the right edge between them. Equal y draw that row twice, equal x that column, which matters
+ * to modes such as DRAW_XOR. With a draw mode the top and bottom edges follow BRSL_DrawStrip (pairs
+ * that it does not offer leave them out) and the sides follow BRSL_DrawPixel.
+ */
+BRSL_API void BRSL_CALL BRSL_Box(int32_t x1, int32_t y1, int32_t x2, int32_t y2, uint32_t colour,
+                                 int32_t flags);
+
+/*
+ * Fills a box with a colour interpolated between its corners.
+ * x1, y1, x2, y2: corners in either order; a width or height of 0 draws nothing. colour1 to
+ * colour4: 0x00RRGGBB at top-left, top-right, bottom-right, bottom-left. colour1 lands on the first
+ * pixel; the others belong to the excluded column and row. flags: a Gouraud draw mode in bits 4-15.
+ * Per channel in 16.16, all divisions truncating: both sides step down by
+ * (bottom - top colour) * 65536 / height a row, each row steps across by (right - left) / width;
+ * a clipped row keeps the colours that the whole row has at the ends that remain, reduced to eight
+ * bits a channel.
+ */
+BRSL_API void BRSL_CALL BRSL_ShadeBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2, uint32_t colour1,
+                                      uint32_t colour2, uint32_t colour3, uint32_t colour4,
+                                      int32_t flags);
+
+/* ---- Circles and ellipses ------------------------------------------------------------------
+ *
+ * The half-width at height n of a shape of radius r, scaled to s, is
+ *     H(n, r, s) = (Q(n * 16384 / r) * s) >> 14,  Q(k) = trunc(sqrt(16384^2 - (k + 1)^2)), Q(16384) = 0
+ * with a truncating division, so a radius r reaches r - 1 pixels to either side of the centre.
+ *
+ * A shape (cx, cy, rx, ry) is outside when cx + rx < left, cx - rx > right, cy + ry < top or
+ * cy - ry > bottom of the viewport, and inside when cx - rx >= left, cx + rx < right,
+ * cy - ry >= top and cy + ry < bottom.
+ */
+
+/*
+ * Draws a circle: BRSL_Ellipse with both radii r, an outline in the manner of BRSL_OpenCircle.
+ * cx, cy: centre. r: radius. colour: 0xAARRGGBB. flags: BRSL_OUTLINE for the outline, else filled;
+ * plus a draw mode in bits 4-15.
+ */
+BRSL_API void BRSL_CALL BRSL_Circle(int32_t cx, int32_t cy, int32_t r, uint32_t colour, int32_t flags);
+
+/*
+ * Draws an ellipse.
+ * cx, cy: centre. rx, ry: horizontal and vertical radius. colour: 0xAARRGGBB. flags: BRSL_OUTLINE
+ * for the outline as BRSL_OpenEllipse draws it, else filled; plus a draw mode in bits 4-15.
+ * Filled, a shape inside the viewport is drawn as BRSL_FilledEllipseNC draws it; any other as
+ * BRSL_FilledEllipse does, which is one row lower; one outside the viewport not at all.
+ */
+BRSL_API void BRSL_CALL BRSL_Ellipse(int32_t cx, int32_t cy, int32_t rx, int32_t ry, uint32_t colour,
+                                     int32_t flags);
+
+/*
+ * Draws the outline of a circle; BRSL_OpenEllipse with both radii r.
+ */
+BRSL_API void BRSL_CALL BRSL_OpenCircle(int32_t cx, int32_t cy, int32_t r, uint32_t colour, int32_t flags);
+
+/*
+ * Draws the outline of an ellipse: for i = 0 .. ry - 1 with h = H(i, ry, rx) the points
+ * (cx -+ h, cy -+ i), for j = 0 .. rx - 1 with h = H(j, rx, ry) the points (cx -+ j, cy -+ h), every
+ * one as often as it occurs (the two of a pair coincide where i, j or h is 0).
+ * cx, cy: centre. rx, ry: radii; below 1 draws no points of that loop. colour: 0xAARRGGBB.
+ * flags: a draw mode in bits 4-15.
+ */
+BRSL_API void BRSL_CALL BRSL_OpenEllipse(int32_t cx, int32_t cy, int32_t rx, int32_t ry, uint32_t colour,
+                                         int32_t flags);
+
+/*
+ * Draws the outline of BRSL_OpenEllipse in the draw mode flags & 0xFFF0 by the one-pixel rule;
+ * without those bits it draws nothing.
+ * inside: 0 clips every point to the viewport; any other value does not clip, and then the caller
+ * guarantees that the shape lies inside the buffer.
+ */
+BRSL_API void BRSL_CALL BRSL_OpenEllipseFX(int32_t cx, int32_t cy, int32_t rx, int32_t ry,
+                                           uint32_t colour, int32_t flags, int32_t inside);
+
+/*
+ * Fills an ellipse, clipped: rows cy + i and cy - i + 1 for i = 1 .. ry - 1 cover
+ * cx - h <= x < cx + h with h = H(i, ry, rx).
+ * rx, ry: radii; rx < 1 or ry < 2 draws nothing. packedColour: packed for the target. flags: a draw
+ * mode in bits 4-15; the rules of span fills hold.
+ */
+BRSL_API void BRSL_CALL BRSL_FilledEllipse(int32_t cx, int32_t cy, int32_t rx, int32_t ry,
+                                           uint32_t packedColour, int32_t flags);
+
+/*
+ * Fills an ellipse: rows cy - k and cy + k - 1 for k = 1 .. ry - 1 cover cx - h <= x < cx + h with
+ * h = H(k, ry, rx), one row higher than BRSL_FilledEllipse.
+ * rx, ry: radii; below 1 draws nothing. packedColour: packed for the target. flags: a draw mode in
+ * bits 4-15; the rules of span fills hold.
+ * Not clipped: the caller guarantees that the shape lies inside the buffer.
+ */
+BRSL_API void BRSL_CALL BRSL_FilledEllipseNC(int32_t cx, int32_t cy, int32_t rx, int32_t ry,
+                                             uint32_t packedColour, int32_t flags);
+
+/* ---- Lines --------------------------------------------------------------------------------- */
+
+/*
+ * Draws a line, both end points included.
+ * colour: 0xAARRGGBB. flags: a draw mode in bits 4-15 hands the line to BRSL_WriteDrawModeLine;
+ * without one it is plain, whatever the low four bits.
+ * The end with the smaller x is the start (the second point on equal x). Where |dy| >= dx, each row
+ * r from the start on gets x = (x0 * 65536 + 0x8000 + r * trunc(dx * 65536 / |dy|)) >> 16; else each
+ * column c gets y = (y0 * 65536 + 0x8000 + c * trunc(dy * 65536 / dx)) >> 16.
+ * Not clipped: the caller guarantees that the line lies inside the buffer.
+ */
+BRSL_API void BRSL_CALL BRSL_WriteLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2, uint32_t colour,
+                                       int32_t flags);
+
+/*
+ * Draws a line in a draw mode: as BRSL_WriteLine, with 14 bits of fraction instead of 16 (a half is
+ * 0x2000), each pixel by the one-pixel rule. A horizontal line is drawn by BRSL_DrawStrip instead,
+ * without its right end point (so a single point draws nothing).
+ * packedColour: packed for the target. mode: a draw mode.
+ * Not clipped: the caller guarantees that the line lies inside the buffer.
+ */
+BRSL_API void BRSL_CALL BRSL_WriteDrawModeLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2,
+                                               uint32_t packedColour, int32_t mode);
+
+/*
+ * Draws a plain line on a 32-bit target, both end points included.
+ * colour: written as it is. reserved: not used.
+ * A single point is drawn by BRSL_Dot (clipped, on any format). A vertical line is drawn only if its
+ * column is inside the viewport, but its rows are not clipped. Any other line is not clipped; its
+ * pixels between the ends step from the upper (or, where |dx| > |dy|, the left) end by
+ * trunc(minor * 65536 / major) in 16.16, without a half pixel at the start.
+ * On a target that is not 32-bit all but single points draw nothing. The caller guarantees that
+ * what is not clipped lies inside the buffer.
+ */
+BRSL_API void BRSL_CALL BRSL_WriteLine_32Bit(int32_t x1, int32_t y1, int32_t x2, int32_t y2,
+                                             uint32_t colour, int32_t reserved);
+
+/* ---- Polygons ------------------------------------------------------------------------------
+ *
+ * Convex polygons of two to eight vertices, given around the ring in either direction. A row is
+ * covered from the left edge's x (included) to the right edge's (excluded), both rounded down; an
+ * edge covers the rows from its upper vertex (included) to its lower one (excluded), stepping by
+ * trunc(dx * 65536 / dy) in 16.16 from exactly the vertex. On polygons that cross the viewport's
+ * left or right side x is rounded towards zero instead. A polygon that is not convex stops at the
+ * row where a chain of its edges turns upwards.
+ *
+ * The vertices of the last call stay in a list of eight slots (x, y, colour, u, v); a later call
+ * that sets fewer of them finds the others as they were.
+ */
+
+/*
+ * Fills a triangle in a flat colour.
+ * x0 .. y2: the vertices. colour: 0xAARRGGBB. drawMode: a draw mode in bits 4-15, the low four bits
+ * are ignored; the rules of span fills hold.
+ */
+BRSL_API void BRSL_CALL BRSL_Tri(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t x2, int32_t y2,
+                                 uint32_t colour, int32_t drawMode);
+
+/*
+ * Fills a convex quad in a flat colour; as BRSL_Tri with four vertices around the ring.
+ */
+BRSL_API void BRSL_CALL BRSL_Quad(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t x2, int32_t y2,
+                                  int32_t x3, int32_t y3, uint32_t colour, int32_t drawMode);
+
+/*
+ * Fills the Gouraud-shaded polygon that the first count slots of the vertex list hold (x, y,
+ * colour).
+ * count: 2-8; any other draws nothing. drawMode: a Gouraud draw mode in bits 4-15.
+ * Colours run down each edge in 16.16 and are not restarted at a vertex: an edge heads from the
+ * value reached to its next vertex's colour. Rows are then shaded as Gouraud rows between the two
+ * edge colours, reduced to eight bits a channel; a row cut by the viewport keeps the colours it has
+ * there.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawGouraudPoly(int32_t count, int32_t drawMode);
+
+/*
+ * Fills a Gouraud-shaded triangle: stores three vertices and their colours (0x00RRGGBB) in slots 0
+ * to 2 and calls BRSL_DrawGouraudPoly(3, drawMode).
+ */
+BRSL_API void BRSL_CALL BRSL_TriG(int32_t x0, int32_t y0, uint32_t colour0, int32_t x1, int32_t y1,
+                                  uint32_t colour1, int32_t x2, int32_t y2, uint32_t colour2,
+                                  int32_t drawMode);
+
+/*
+ * Fills a Gouraud-shaded convex quad: stores four vertices and their colours (0x00RRGGBB) in slots 0
+ * to 3 and calls BRSL_DrawGouraudPoly(4, drawMode).
+ */
+BRSL_API void BRSL_CALL BRSL_QuadG(int32_t x0, int32_t y0, uint32_t colour0, int32_t x1, int32_t y1,
+                                   uint32_t colour1, int32_t x2, int32_t y2, uint32_t colour2,
+                                   int32_t x3, int32_t y3, uint32_t colour3, int32_t drawMode);
+
+/*
+ * Stores four colours (0x00RRGGBB) in slots 0 to 3 of the vertex list and draws nothing.
+ */
+BRSL_API void BRSL_CALL BRSL_QuadSetGouraud(uint32_t colour0, uint32_t colour1, uint32_t colour2,
+                                            uint32_t colour3);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
