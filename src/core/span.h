@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+
+namespace brisal {
+
+// One row of a filled shape: left is its first pixel, right one past its last. Colours are
+// 0x00RRGGBB at left and at right; u, v, du and dv belong to textures.
+struct Span {
+  int32_t y;
+  int32_t left;
+  int32_t leftColour;
+  int32_t u;
+  int32_t v;
+  int32_t right;
+  int32_t rightColour;
+  int32_t du;
+  int32_t dv;
+};
+
+static_assert(sizeof(Span) == 36);
+
+// The block of span records that filled shapes share, so that drawing allocates nothing once it has
+// grown to the height of the viewport.
+class SpanBuffer {
+ public:
+  SpanBuffer() = default;
+  SpanBuffer(const SpanBuffer &) = delete;
+  SpanBuffer &operator=(const SpanBuffer &) = delete;
+
+  // Room for count records, with no particular contents; null when there is no memory.
+  Span *Get(int64_t count);
+
+ private:
+  Span *spans_ = nullptr;
+  int64_t capacity_ = 0;
+};
+
+}  // namespace brisal
