@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+
+#include "pixel/format.h"
+#include "pixel/mode.h"
+
+// Kernels are compiled once for each column, that is, for each instruction set; tables of them are
+// made from the lists of rules and formats.
+
+#if defined(__x86_64__) || defined(__i386__)
+#define BRISAL_HAS_WIDE 1
+#else
+#define BRISAL_HAS_WIDE 0
+#endif
+
+namespace brisal {
+
+template <class Kernel, class... Args>
+void RunPlain(Args... args) {
+  Kernel::template Run<16>(args...);
+}
+
+#if BRISAL_HAS_WIDE
+template <class Kernel, class... Args>
+[[gnu::target("avx2"), gnu::flatten]] void RunWide(Args... args) {
+  Kernel::template Run<32>(args...);
+}
+#endif
+
+template <class... Args>
+struct Kernels {
+  using Function = void (*)(Args...);
+
+  template <class Kernel>
+  static constexpr Kernels Of() {
+#if BRISAL_HAS_WIDE
+    return {{&RunPlain<Kernel, Args...>, &RunWide<Kernel, Args...>}};
+#else
+    return {{&RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>}};
+#endif
+  }
+
+  Function columns[2];
+};
+
+// Cells that are the same operation share one kernel: formats 4 and 5 always, the 16-bit formats
+// where the rule does not look at channels.
+template <class F, template <class> class R>
+struct Fold {
+  using type = std::conditional_t<kIs16<F> && R<F>::kWholePixels, Rgb565, F>;
+};
+
+template <template <class> class R>
+struct Fold<Argb32, R> {
+  using type = Xrgb32;
+};
+
+template <class... Args>
+struct KernelTable {
+  template <template <class, class> class K, template <class> class R, class... F>
+  static constexpr std::array<Kernels<Args...>, sizeof...(F)> Row(TypeList<F...>) {
+    return {Kernels<Args...>::template Of<K<typename Fold<F, R>::type,
+                                            R<typename Fold<F, R>::type>>>()...};
+  }
+
+  // rows[rule][format code - 1], where K<Format, Rule> is a kernel.
+  template <template <class, class> class K, template <class> class... R>
+  static constexpr auto Of(RuleList<R...>) {
+    return std::array{Row<K, R>(Formats{})...};
+  }
+};
+
+}  // namespace brisal

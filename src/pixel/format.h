@@ -1,0 +1,167 @@
+#pragma once
+
+#include <cstdint>
+
+#include "pixel/lanes.h"
+
+// The five pixel formats, each a type that knows its storage, its channels and how a colour is
+// packed and widened. A code becomes a type in WithFormat and nowhere else.
+
+namespace brisal {
+
+// One channel of a 16-bit pixel.
+template <int Shift, int Bits>
+struct Channel16 {
+  static constexpr int kBits = Bits;
+  static constexpr uint16_t kMask = ((1 << Bits) - 1) << Shift;
+  static constexpr bool kTop = Shift + Bits == 16;
+
+  // The channel's value in each lane.
+  template <class V>
+  BRISAL_INLINE static V Value(V pixels) {
+    if constexpr (kTop) return pixels >> Shift;
+    if constexpr (Shift == 0) return pixels & kMask;
+    return (pixels >> Shift) & static_cast<uint16_t>(kMask >> Shift);
+  }
+
+  // The channel where it compares as a small positive number: in place, unless it holds the top bit.
+  static constexpr uint16_t kSmallMax = kTop ? kMask >> Shift : kMask;
+
+  template <class V>
+  BRISAL_INLINE static V Small(V pixels) {
+    if constexpr (kTop) return pixels >> Shift;
+    return pixels & kMask;
+  }
+
+  template <class V>
+  BRISAL_INLINE static V FromSmall(V channel) {
+    if constexpr (kTop) return channel << Shift;
+    return channel;
+  }
+
+  // Puts back a value that carries Fraction more bits below it; those are dropped.
+  template <int Fraction, class V>
+  BRISAL_INLINE static V FromScaled(V value) {
+    if constexpr (Shift == 0) return value >> Fraction;
+    if constexpr (Shift >= Fraction) return (value << (Shift - Fraction)) & kMask;
+    return (value >> (Fraction - Shift)) & kMask;
+  }
+};
+
+template <class R, class G, class B>
+struct Packed16 {
+  static constexpr int kBytes = 2;
+  using Lane = uint16_t;
+  using Red = R;
+  using Green = G;
+  using Blue = B;
+  // All bits but the lowest of each channel, one place down: where halves land.
+  static constexpr uint16_t kHalves = ((R::kMask & R::kMask << 1) | (G::kMask & G::kMask << 1) |
+                                       (B::kMask & B::kMask << 1)) >> 1;
+
+  static uint32_t Load(const uint8_t *p) {
+    uint16_t stored;
+    std::memcpy(&stored, p, sizeof stored);
+    return stored;
+  }
+
+  static void Store(uint8_t *p, uint32_t packed) {
+    const uint16_t stored = static_cast<uint16_t>(packed);
+    std::memcpy(p, &stored, sizeof stored);
+  }
+};
+
+struct Rgb565 : Packed16<Channel16<11, 5>, Channel16<5, 6>, Channel16<0, 5>> {
+  static constexpr uint32_t kPrecision = 0xF8FCF8;
+
+  // Also packs vectors of colours.
+  template <class C>
+  BRISAL_INLINE static C Pack(C colour) {
+    return ((colour >> 8) & 0xF800u) | ((colour >> 5) & 0x7E0u) | ((colour >> 3) & 0x1Fu);
+  }
+
+  static uint32_t Widen(uint32_t p) {
+    return ((p & 0xF800) << 8) | ((p & 0x7E0) << 5) | ((p & 0x1F) << 3);
+  }
+};
+
+struct Rgb555 : Packed16<Channel16<10, 5>, Channel16<5, 5>, Channel16<0, 5>> {
+  static constexpr uint32_t kPrecision = 0xF8F8F8;
+
+  template <class C>
+  BRISAL_INLINE static C Pack(C colour) {
+    return ((colour >> 9) & 0x7C00u) | ((colour >> 6) & 0x3E0u) | ((colour >> 3) & 0x1Fu);
+  }
+
+  static uint32_t Widen(uint32_t p) {
+    return ((p & 0x7C00) << 9) | ((p & 0x3E0) << 6) | ((p & 0x1F) << 3);
+  }
+};
+
+struct Rgb24 {
+  static constexpr int kBytes = 3;
+  static constexpr uint32_t kPrecision = 0xFFFFFF;
+  using Lane = uint8_t;
+
+  static uint32_t Pack(uint32_t colour) { return colour & 0xFFFFFF; }
+  static uint32_t Widen(uint32_t p) { return p; }
+
+  static uint32_t Load(const uint8_t *p) {
+    return static_cast<uint32_t>(p[0]) << 16 | static_cast<uint32_t>(p[1]) << 8 | p[2];
+  }
+
+  static void Store(uint8_t *p, uint32_t packed) {
+    p[0] = static_cast<uint8_t>(packed >> 16);
+    p[1] = static_cast<uint8_t>(packed >> 8);
+    p[2] = static_cast<uint8_t>(packed);
+  }
+};
+
+struct Xrgb32 {
+  static constexpr int kBytes = 4;
+  static constexpr uint32_t kPrecision = 0xFFFFFF;
+  using Lane = uint8_t;
+
+  static uint32_t Pack(uint32_t colour) { return colour; }
+  static uint32_t Widen(uint32_t p) { return p; }
+
+  static uint32_t Load(const uint8_t *p) {
+    uint32_t stored;
+    std::memcpy(&stored, p, sizeof stored);
+    return stored;
+  }
+
+  static void Store(uint8_t *p, uint32_t packed) { std::memcpy(p, &packed, sizeof packed); }
+};
+
+struct Argb32 : Xrgb32 {};
+
+template <class... T>
+struct TypeList {
+  static constexpr int kSize = sizeof...(T);
+};
+
+// In the order of their codes, from 1.
+using Formats = TypeList<Rgb565, Rgb555, Rgb24, Xrgb32, Argb32>;
+
+constexpr bool IsFormat(int32_t code) { return 1 <= code && code <= Formats::kSize; }
+
+// Calls f with the format that the code names, or returns `otherwise`.
+template <class F, class R>
+R WithFormat(int32_t code, R otherwise, F f) {
+  switch (code) {
+    case 1: return f(Rgb565{});
+    case 2: return f(Rgb555{});
+    case 3: return f(Rgb24{});
+    case 4: return f(Xrgb32{});
+    case 5: return f(Argb32{});
+    default: return otherwise;
+  }
+}
+
+// A colour in the storage of a target; other codes leave it unchanged.
+inline uint32_t PackColour(uint32_t colour, int32_t format) {
+  return WithFormat(format, colour, [colour](auto f) { return f.Pack(colour); });
+}
+
+}  // namespace brisal

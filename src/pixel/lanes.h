@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+// Vectors of channels. The compiler's generic vectors are used throughout: the same source becomes
+// whatever instructions the function that it is inlined into may use.
+
+#define BRISAL_INLINE [[gnu::always_inline]] inline
+
+namespace brisal {
+
+template <class T, int Bytes>
+struct VectorOf {
+  typedef T type __attribute__((vector_size(Bytes)));
+};
+
+template <class T, int Bytes>
+using Vector = typename VectorOf<T, Bytes>::type;
+
+template <class V>
+BRISAL_INLINE V LoadVector(const uint8_t *p) {
+  V v;
+  std::memcpy(&v, p, sizeof v);
+  return v;
+}
+
+template <class V>
+BRISAL_INLINE void StoreVector(uint8_t *p, V v) {
+  std::memcpy(p, &v, sizeof v);
+}
+
+// The same bits as lanes of another type.
+template <class T, class V>
+BRISAL_INLINE auto As(V v) {
+  return (Vector<T, sizeof(V)>)v;
+}
+
+template <class V>
+BRISAL_INLINE V Min(V a, V b) {
+  return a < b ? a : b;
+}
+
+template <class V>
+BRISAL_INLINE V Max(V a, V b) {
+  return a > b ? a : b;
+}
+
+// For 16-bit lanes below 0x8000, where the signed instruction is the one that every set has.
+template <class V>
+BRISAL_INLINE V MinSmall(V a, V b) {
+  return As<uint16_t>(Min(As<int16_t>(a), As<int16_t>(b)));
+}
+
+template <class V>
+BRISAL_INLINE V MaxSmall(V a, V b) {
+  return As<uint16_t>(Max(As<int16_t>(a), As<int16_t>(b)));
+}
+
+}  // namespace brisal

@@ -1,0 +1,219 @@
+#pragma once
+
+#include <cstdint>
+#include <type_traits>
+
+#include "pixel/format.h"
+
+// The draw modes as function objects over a format: rule(d, s) combines the target's lanes d with
+// the written colour's lanes s. One pixel, a span and a shaded span all end here.
+
+namespace brisal {
+
+template <class F>
+constexpr bool kIs16 = F::kBytes == 2;
+
+// Applies op(d, s, channel maximum) to each channel of 16-bit pixels as a small number.
+template <class F, class V, class Op>
+BRISAL_INLINE V EachSmallChannel(V d, V s, Op op) {
+  using R = typename F::Red;
+  using G = typename F::Green;
+  using B = typename F::Blue;
+  return R::FromSmall(op(R::Small(d), R::Small(s), R::kSmallMax)) |
+         G::FromSmall(op(G::Small(d), G::Small(s), G::kSmallMax)) |
+         B::FromSmall(op(B::Small(d), B::Small(s), B::kSmallMax));
+}
+
+// Clears the top byte of 32-bit pixels; other formats have none.
+template <class F, class V>
+BRISAL_INLINE V WithoutTopByte(V pixels) {
+  if constexpr (F::kBytes == 4) {
+    return As<uint8_t>(As<uint32_t>(pixels) & 0xFFFFFFu);
+  } else {
+    return pixels;
+  }
+}
+
+// Applies op to 8-bit channels in lanes of 16 bits, those at even places and those at odd places,
+// and keeps the high byte of each result.
+template <class V, class Op>
+BRISAL_INLINE V HighBytes(V d, V s, Op op) {
+  const auto dd = As<uint16_t>(d);
+  const auto ss = As<uint16_t>(s);
+  const auto even = op(dd & 0xFF, ss & 0xFF) >> 8;
+  const auto odd = op(dd >> 8, ss >> 8) & 0xFF00;
+  return As<uint8_t>(even | odd);
+}
+
+template <class F>
+struct Solid {
+  static constexpr bool kReadsTarget = false;
+  static constexpr bool kWholePixels = true;
+  explicit Solid(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V, V s) const {
+    return s;
+  }
+};
+
+template <class F>
+struct Reading {
+  static constexpr bool kReadsTarget = true;
+  static constexpr bool kWholePixels = false;  // looks at channels
+};
+
+template <class F>
+struct Alpha : Reading<F> {
+  explicit Alpha(uint32_t inkAlpha) : alpha(static_cast<uint16_t>(inkAlpha)) {}
+
+  // d + floor((s - d) * a / 256) without a negative number on the way.
+  template <class V>
+  BRISAL_INLINE V Scaled(V d, V s) const {
+    return d * static_cast<uint16_t>(256 - alpha) + s * alpha;
+  }
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    if constexpr (kIs16<F>) {
+      using R = typename F::Red;
+      using G = typename F::Green;
+      using B = typename F::Blue;
+      return R::template FromScaled<8>(Scaled(R::Value(d), R::Value(s))) |
+             G::template FromScaled<8>(Scaled(G::Value(d), G::Value(s))) |
+             B::template FromScaled<8>(Scaled(B::Value(d), B::Value(s)));
+    } else {
+      const auto op = [this](auto dd, auto ss) __attribute__((always_inline)) {
+        return this->Scaled(dd, ss);
+      };
+      return WithoutTopByte<F>(HighBytes(d, s, op));
+    }
+  }
+
+  uint16_t alpha;
+};
+
+template <class F>
+struct Half : Reading<F> {
+  explicit Half(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    if constexpr (kIs16<F>) {
+      return ((d >> 1) & F::kHalves) + ((s >> 1) & F::kHalves);
+    } else if constexpr (F::kBytes == 3) {
+      return (d & s) + ((d ^ s) >> 1);
+    } else {
+      return As<uint8_t>(((As<uint32_t>(d) >> 1) & 0x7F7F7Fu) + ((As<uint32_t>(s) >> 1) & 0x7F7F7Fu));
+    }
+  }
+};
+
+template <class F>
+struct Add : Reading<F> {
+  explicit Add(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    if constexpr (kIs16<F>) {
+      return EachSmallChannel<F>(
+          d, s, [](auto dd, auto ss, uint16_t max) __attribute__((always_inline)) {
+            return MinSmall(dd, max - ss) + ss;
+          });
+    } else {
+      return WithoutTopByte<F>(Min(d, ~s) + s);
+    }
+  }
+};
+
+template <class F>
+struct Sub : Reading<F> {
+  explicit Sub(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    if constexpr (kIs16<F>) {
+      return EachSmallChannel<F>(
+          d, s, [](auto dd, auto ss, uint16_t) __attribute__((always_inline)) {
+            return MaxSmall(dd, ss) - ss;
+          });
+    } else {
+      return WithoutTopByte<F>(Max(d, s) - s);
+    }
+  }
+};
+
+template <class F>
+struct RevSub : Reading<F> {
+  explicit RevSub(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    if constexpr (kIs16<F>) {
+      return EachSmallChannel<F>(
+          d, s, [](auto dd, auto ss, uint16_t) __attribute__((always_inline)) {
+            return ss - MinSmall(dd, ss);
+          });
+    } else {
+      return WithoutTopByte<F>(s - Min(d, s));
+    }
+  }
+};
+
+template <class F>
+struct Mult : Reading<F> {
+  explicit Mult(uint32_t) {}
+
+  template <class C, class V>
+  BRISAL_INLINE static V Product(V d, V s) {
+    return C::template FromScaled<C::kBits>(C::Value(d) * C::Value(s));
+  }
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    if constexpr (kIs16<F>) {
+      return Product<typename F::Red>(d, s) | Product<typename F::Green>(d, s) |
+             Product<typename F::Blue>(d, s);
+    } else {
+      const auto op = [](auto dd, auto ss) __attribute__((always_inline)) { return dd * ss; };
+      return WithoutTopByte<F>(HighBytes(d, s, op));
+    }
+  }
+};
+
+template <class F>
+struct Bitwise : Reading<F> {
+  static constexpr bool kWholePixels = true;
+};
+
+template <class F>
+struct And : Bitwise<F> {
+  explicit And(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    return d & s;
+  }
+};
+
+template <class F>
+struct Or : Bitwise<F> {
+  explicit Or(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    return d | s;
+  }
+};
+
+template <class F>
+struct Xor : Bitwise<F> {
+  explicit Xor(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    return d ^ s;
+  }
+};
+
+}  // namespace brisal

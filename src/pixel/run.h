@@ -1,0 +1,101 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "pixel/format.h"
+
+// Combining a run of pixels with a source of colours, in vectors of whatever width the caller's
+// column has.
+
+namespace brisal {
+
+// As many pixels as fill whole vectors: one vector, or three where a pixel has three bytes.
+template <class F, int VectorBytes>
+struct Group {
+  static constexpr int kVectors = F::kBytes == 3 ? 3 : 1;
+  static constexpr int kBytes = VectorBytes * kVectors;
+  static constexpr int kPixels = kBytes / F::kBytes;
+  using V = Vector<typename F::Lane, VectorBytes>;
+
+  BRISAL_INLINE static Group Load(const uint8_t *p) {
+    Group g;
+    for (int i = 0; i < kVectors; ++i) g.part[i] = LoadVector<V>(p + i * VectorBytes);
+    return g;
+  }
+
+  BRISAL_INLINE void Store(uint8_t *p) const {
+    for (int i = 0; i < kVectors; ++i) StoreVector(p + i * VectorBytes, part[i]);
+  }
+
+  template <class R>
+  BRISAL_INLINE static Group Combine(const R &rule, const Group &d, const Group &s) {
+    Group g;
+    for (int i = 0; i < kVectors; ++i) g.part[i] = rule(d.part[i], s.part[i]);
+    return g;
+  }
+
+  V part[kVectors];
+};
+
+// One pixel of three bytes sits in a vector of four.
+template <class F>
+BRISAL_INLINE auto LoadOne(const uint8_t *p) {
+  Vector<typename F::Lane, F::kBytes == 2 ? 2 : 4> pixel = {};
+  std::memcpy(&pixel, p, F::kBytes);
+  return pixel;
+}
+
+// The target's pixels at p; a rule that does not look at them gets the source instead.
+template <class R, class G>
+BRISAL_INLINE G TargetOr(const G &source, const uint8_t *p) {
+  if constexpr (R::kReadsTarget) return G::Load(p);
+  return source;
+}
+
+// A run shorter than a group: two narrower groups that overlap in the middle, both read before
+// either is written. So no length needs a loop over single pixels.
+template <class F, int VectorBytes, class R, class Source>
+BRISAL_INLINE void CombineShortRun(uint8_t *p, ptrdiff_t n, const R &rule, const Source &source) {
+  using G = Group<F, VectorBytes>;
+  if (n >= G::kPixels) {
+    const ptrdiff_t last = n - G::kPixels;
+    uint8_t *end = p + last * F::kBytes;
+    const G headSource = source.template At<VectorBytes>(0);
+    const G tailSource = source.template At<VectorBytes>(last);
+    const G head = G::Combine(rule, TargetOr<R>(headSource, p), headSource);
+    const G tail = G::Combine(rule, TargetOr<R>(tailSource, end), tailSource);
+    head.Store(p);
+    tail.Store(end);
+    return;
+  }
+  if constexpr (F::kBytes == 3 && VectorBytes == 4) {
+    for (ptrdiff_t i = 0; i < n; ++i, p += F::kBytes) {
+      const auto pixel = rule(LoadOne<F>(p), source.One(i));
+      std::memcpy(p, &pixel, F::kBytes);
+    }
+  } else if constexpr (VectorBytes > F::kBytes) {
+    CombineShortRun<F, VectorBytes / 2>(p, n, rule, source);
+  }
+}
+
+// Combines the n >= 1 pixels at p. The last group overlaps the one before it; it is read before
+// anything is written.
+template <class F, int VectorBytes, class R, class Source>
+BRISAL_INLINE void CombineRun(uint8_t *p, ptrdiff_t n, const R &rule, const Source &source) {
+  using G = Group<F, VectorBytes>;
+  if (n < G::kPixels) return CombineShortRun<F, VectorBytes / 2>(p, n, rule, source);
+  const ptrdiff_t last = n - G::kPixels;
+  uint8_t *end = p + last * F::kBytes;
+  const G tailSource = source.template At<VectorBytes>(last);
+  const G tail = G::Combine(rule, TargetOr<R>(tailSource, end), tailSource);
+  auto cursor = source.template From<VectorBytes>(0);
+  for (; p < end; p += G::kBytes) {
+    const G s = cursor.Get();
+    G::Combine(rule, TargetOr<R>(s, p), s).Store(p);
+    cursor.Advance();
+  }
+  tail.Store(end);
+}
+
+}  // namespace brisal

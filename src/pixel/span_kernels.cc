@@ -1,0 +1,60 @@
+#include "pixel/span_kernels.h"
+
+#include "pixel/column.h"
+#include "pixel/run.h"
+#include "pixel/sources.h"
+
+namespace brisal {
+namespace {
+
+template <class F, class R>
+struct FlatSpans {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const Runs *runs, const Buffer *target, uint32_t packed,
+                                uint32_t alpha) {
+    const R rule(alpha);
+    const Flat<F> source(packed);
+    const Span *span = runs->spans;
+    for (int64_t i = 0; i < runs->count; ++i, span += runs->spanStep) {
+      const ptrdiff_t n = static_cast<ptrdiff_t>(span->right) - span->left;
+      if (n <= 0) continue;
+      uint8_t *row = target->Row(span->y + i * runs->rowStep);
+      CombineRun<F, VectorBytes>(row + ptrdiff_t{span->left} * F::kBytes, n, rule, source);
+    }
+  }
+};
+
+template <class F, class R>
+void OnePixel(uint8_t *p, uint32_t packed, uint32_t alpha) {
+  const auto pixel = R(alpha)(LoadOne<F>(p), Flat<F>(packed).One(0));
+  std::memcpy(p, &pixel, F::kBytes);
+}
+
+using SpanTable = KernelTable<const Runs *, const Buffer *, uint32_t, uint32_t>;
+constexpr auto kSpanKernels = SpanTable::Of<FlatSpans>(Rules{});
+
+template <template <class> class R, class... F>
+constexpr std::array<PixelKernel, sizeof...(F)> PixelRow(TypeList<F...>) {
+  return {&OnePixel<typename Fold<F, R>::type, R<typename Fold<F, R>::type>>...};
+}
+
+template <template <class> class... R>
+constexpr auto PixelTable(RuleList<R...>) {
+  return std::array{PixelRow<R>(Formats{})...};
+}
+
+constexpr auto kPixelKernels = PixelTable(Rules{});
+
+}  // namespace
+
+SpanKernel FindSpanKernel(bool wide, Rule rule, int32_t format) {
+  if (rule == Rule::kNone || !IsFormat(format)) return nullptr;
+  return kSpanKernels[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)].columns[wide];
+}
+
+PixelKernel FindPixelKernel(Rule rule, int32_t format) {
+  if (rule == Rule::kNone || !IsFormat(format)) return nullptr;
+  return kPixelKernels[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)];
+}
+
+}  // namespace brisal
