@@ -1,0 +1,134 @@
+#include "raster/boxes.h"
+
+#include <algorithm>
+
+#include "pixel/format.h"
+#include "pixel/mode.h"
+#include "raster/pixels.h"
+#include "raster/spans.h"
+
+namespace brisal {
+namespace {
+
+constexpr int32_t kOutline = 1;
+constexpr int32_t kFilled = 2;
+
+struct Rectangle {
+  Rectangle(int32_t x1, int32_t y1, int32_t x2, int32_t y2)
+      : left(std::min(x1, x2)),
+        top(std::min(y1, y2)),
+        right(std::max(x1, x2)),
+        bottom(std::max(y1, y2)) {}
+
+  int64_t left;
+  int64_t top;
+  int64_t right;
+  int64_t bottom;
+};
+
+// The border, its right column and bottom row included: rows by the strip's choice of modes,
+// columns by the one-pixel rule.
+void OutlineBox(const Canvas &canvas, const Rectangle &box, uint32_t packed, int32_t mode) {
+  const Viewport &view = canvas.viewport;
+  const int64_t left = std::max<int64_t>(box.left, view.left);
+  const int64_t right = std::min<int64_t>(box.right, int64_t{view.right} - 1);
+  for (const int64_t y : {box.top, box.bottom}) {
+    if (view.ContainsRow(y)) {
+      DrawStrip(canvas, static_cast<int32_t>(y), left, right + 1, packed, mode);
+    }
+  }
+  const int64_t top = std::max<int64_t>(box.top + 1, view.top);
+  const int64_t bottom = std::min<int64_t>(box.bottom - 1, int64_t{view.bottom} - 1);
+  const PixelPen pen(canvas, packed, mode);
+  if (!pen.Draws()) return;
+  for (const int64_t x : {box.left, box.right}) {
+    if (!view.ContainsColumn(x)) continue;
+    for (int64_t y = top; y <= bottom; ++y) pen.Plot(x, y);
+  }
+}
+
+void FillBox(const Canvas &canvas, const Rectangle &box, uint32_t packed, int32_t mode) {
+  const Viewport &view = canvas.viewport;
+  Span row = {};
+  row.y = static_cast<int32_t>(std::max<int64_t>(box.top, view.top));
+  row.left = static_cast<int32_t>(std::max<int64_t>(box.left, view.left));
+  row.right = static_cast<int32_t>(std::min<int64_t>(box.right, view.right));
+  const int64_t rows = std::min<int64_t>(box.bottom, view.bottom) - row.y;
+  if (rows > 0) DrawRectangle(canvas, row, rows, packed, mode);
+}
+
+// The three channels of a colour in 16.16, moving along a line.
+struct Channels {
+  Channels() = default;
+  explicit Channels(uint32_t colour) {
+    for (int c = 0; c < 3; ++c) value[c] = int64_t{colour >> (16 - 8 * c) & 0xFF} * 65536;
+  }
+
+  // The step of each channel that leads to `end` in `count` steps.
+  Channels StepTo(const Channels &end, int64_t count) const {
+    Channels step;
+    for (int c = 0; c < 3; ++c) step.value[c] = Divide(end.value[c] - value[c], count);
+    return step;
+  }
+
+  void Advance(const Channels &step, int64_t count) {
+    for (int c = 0; c < 3; ++c) value[c] += step.value[c] * count;
+  }
+
+  int32_t ColourAfter(const Channels &step, int64_t count) const {
+    int32_t colour = 0;
+    for (int c = 0; c < 3; ++c) {
+      colour = colour << 8 | static_cast<int32_t>((value[c] + step.value[c] * count) >> 16 & 0xFF);
+    }
+    return colour;
+  }
+
+  int64_t value[3];
+};
+
+}  // namespace
+
+void DrawBox(const Canvas &canvas, int32_t x1, int32_t y1, int32_t x2, int32_t y2, uint32_t colour,
+             int32_t flags) {
+  const Rectangle box(x1, y1, x2, y2);
+  const uint32_t packed = PackColour(colour, canvas.target.format);
+  if ((flags & kOutline) != 0) return OutlineBox(canvas, box, packed, ModeOfFlags(flags));
+  if ((flags & kFilled) != 0) FillBox(canvas, box, packed, ModeOfFlags(flags));
+}
+
+void DrawShadeBox(const Canvas &canvas, SpanBuffer &spanBuffer, int32_t x1, int32_t y1, int32_t x2,
+                  int32_t y2, const uint32_t (&corners)[4], int32_t flags) {
+  const Rectangle box(x1, y1, x2, y2);
+  const Viewport &view = canvas.viewport;
+  const int64_t width = box.right - box.left;
+  const int64_t height = box.bottom - box.top;
+  const int64_t left = std::max<int64_t>(box.left, view.left);
+  const int64_t right = std::min<int64_t>(box.right, view.right);
+  const int64_t top = std::max<int64_t>(box.top, view.top);
+  const int64_t bottom = std::min<int64_t>(box.bottom, view.bottom);
+  if (left >= right || top >= bottom) return;
+
+  Channels leftEdge(corners[0]);
+  Channels rightEdge(corners[1]);
+  const Channels leftStep = leftEdge.StepTo(Channels(corners[3]), height);
+  const Channels rightStep = rightEdge.StepTo(Channels(corners[2]), height);
+  leftEdge.Advance(leftStep, top - box.top);
+  rightEdge.Advance(rightStep, top - box.top);
+
+  Span *const spans = spanBuffer.Get(bottom - top);
+  if (spans == nullptr) return;
+  Span *span = spans;
+  for (int64_t y = top; y < bottom; ++y, ++span) {
+    const Channels across = leftEdge.StepTo(rightEdge, width);
+    span->y = static_cast<int32_t>(y);
+    span->left = static_cast<int32_t>(left);
+    span->leftColour = leftEdge.ColourAfter(across, left - box.left);
+    span->right = static_cast<int32_t>(right);
+    span->rightColour = leftEdge.ColourAfter(across, right - box.left);
+    leftEdge.Advance(leftStep, 1);
+    rightEdge.Advance(rightStep, 1);
+  }
+  DrawGouraudSpanList(canvas, spans, bottom - top, ModeOfFlags(flags));
+}
+
+}  // namespace brisal
