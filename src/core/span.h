@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace brisal {
@@ -19,6 +20,9 @@ struct Span {
 };
 
 static_assert(sizeof(Span) == 36);
+
+// The number of pixels; a reversed span has less than none.
+inline ptrdiff_t Length(const Span &span) { return ptrdiff_t{span.right} - span.left; }
 
 // The block of span records that filled shapes share, so that drawing allocates nothing once it has
 // grown to the height of the viewport.

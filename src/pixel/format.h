@@ -74,10 +74,14 @@ struct Packed16 {
 struct Rgb565 : Packed16<Channel16<11, 5>, Channel16<5, 6>, Channel16<0, 5>> {
   static constexpr uint32_t kPrecision = 0xF8FCF8;
 
-  // Also packs vectors of colours.
-  template <class C>
-  BRISAL_INLINE static C Pack(C colour) {
+  static uint32_t Pack(uint32_t colour) {
     return ((colour >> 8) & 0xF800u) | ((colour >> 5) & 0x7E0u) | ((colour >> 3) & 0x1Fu);
+  }
+
+  // The stored word of channels in 16.16, each 0 to 255 before the point.
+  template <class V>
+  BRISAL_INLINE static V FromFixed(V red, V green, V blue) {
+    return ((red >> 8) & 0xF800u) | ((green >> 13) & 0x7E0u) | (blue >> 19);
   }
 
   static uint32_t Widen(uint32_t p) {
@@ -88,9 +92,13 @@ struct Rgb565 : Packed16<Channel16<11, 5>, Channel16<5, 6>, Channel16<0, 5>> {
 struct Rgb555 : Packed16<Channel16<10, 5>, Channel16<5, 5>, Channel16<0, 5>> {
   static constexpr uint32_t kPrecision = 0xF8F8F8;
 
-  template <class C>
-  BRISAL_INLINE static C Pack(C colour) {
+  static uint32_t Pack(uint32_t colour) {
     return ((colour >> 9) & 0x7C00u) | ((colour >> 6) & 0x3E0u) | ((colour >> 3) & 0x1Fu);
+  }
+
+  template <class V>
+  BRISAL_INLINE static V FromFixed(V red, V green, V blue) {
+    return ((red >> 9) & 0x7C00u) | ((green >> 14) & 0x3E0u) | (blue >> 19);
   }
 
   static uint32_t Widen(uint32_t p) {
@@ -105,6 +113,12 @@ struct Rgb24 {
 
   static uint32_t Pack(uint32_t colour) { return colour & 0xFFFFFF; }
   static uint32_t Widen(uint32_t p) { return p; }
+
+  // Its low three bytes are the pixel as it lies in memory.
+  template <class V>
+  BRISAL_INLINE static V FromFixed(V red, V green, V blue) {
+    return (red >> 16) | ((green >> 8) & 0xFF00u) | (blue & 0xFF0000u);
+  }
 
   static uint32_t Load(const uint8_t *p) {
     return static_cast<uint32_t>(p[0]) << 16 | static_cast<uint32_t>(p[1]) << 8 | p[2];
@@ -124,6 +138,11 @@ struct Xrgb32 {
 
   static uint32_t Pack(uint32_t colour) { return colour; }
   static uint32_t Widen(uint32_t p) { return p; }
+
+  template <class V>
+  BRISAL_INLINE static V FromFixed(V red, V green, V blue) {
+    return (red & 0xFF0000u) | ((green >> 8) & 0xFF00u) | (blue >> 16);
+  }
 
   static uint32_t Load(const uint8_t *p) {
     uint32_t stored;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 // Vectors of channels. The compiler's generic vectors are used throughout: the same source becomes
 // whatever instructions the function that it is inlined into may use.
@@ -35,6 +36,30 @@ BRISAL_INLINE void StoreVector(uint8_t *p, V v) {
 template <class T, class V>
 BRISAL_INLINE auto As(V v) {
   return (Vector<T, sizeof(V)>)v;
+}
+
+template <class V, class T, size_t... I>
+BRISAL_INLINE V SplatLanes(T x, std::index_sequence<I...>) {
+  const Vector<T, 16> first = {x};
+  return __builtin_shufflevector(first, first, (0 * I)...);
+}
+
+// x in every lane. Out of a vector that every set has GCC makes a broadcast; V{} + x, in a function
+// whose own set has no such vector, would insert lane by lane.
+template <class V, class T>
+BRISAL_INLINE V Splat(T x) {
+  return SplatLanes<V>(x, std::make_index_sequence<sizeof(V) / sizeof(T)>{});
+}
+
+template <class V, int Lane, class W, size_t... I>
+BRISAL_INLINE V SplatLaneOf(W lanes, std::index_sequence<I...>) {
+  return __builtin_shufflevector(lanes, lanes, (0 * I + Lane)...);
+}
+
+// One lane of `lanes` in every lane.
+template <class V, int Lane, class W>
+BRISAL_INLINE V SplatLane(W lanes) {
+  return SplatLaneOf<V, Lane>(lanes, std::make_index_sequence<sizeof(V) / sizeof(lanes[0])>{});
 }
 
 template <class V>

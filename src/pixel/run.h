@@ -6,7 +6,8 @@
 #include "pixel/format.h"
 
 // Combining a run of pixels with a source of colours, in vectors of whatever width the caller's
-// column has.
+// column has. A source gives single pixels (One) and a cursor at its start (Start), which gives the
+// group it stands at (Get), the one any number of pixels ahead (Ahead), and moves on by a group.
 
 namespace brisal {
 
@@ -54,28 +55,29 @@ BRISAL_INLINE G TargetOr(const G &source, const uint8_t *p) {
 }
 
 // A run shorter than a group: two narrower groups that overlap in the middle, both read before
-// either is written. So no length needs a loop over single pixels.
+// either is written. So hardly any length needs single pixels.
 template <class F, int VectorBytes, class R, class Source>
 BRISAL_INLINE void CombineShortRun(uint8_t *p, ptrdiff_t n, const R &rule, const Source &source) {
   using G = Group<F, VectorBytes>;
   if (n >= G::kPixels) {
     const ptrdiff_t last = n - G::kPixels;
     uint8_t *end = p + last * F::kBytes;
-    const G headSource = source.template At<VectorBytes>(0);
-    const G tailSource = source.template At<VectorBytes>(last);
+    const auto cursor = source.template Start<VectorBytes>();
+    const G headSource = cursor.Get();
+    const G tailSource = cursor.Ahead(last);
     const G head = G::Combine(rule, TargetOr<R>(headSource, p), headSource);
     const G tail = G::Combine(rule, TargetOr<R>(tailSource, end), tailSource);
     head.Store(p);
     tail.Store(end);
     return;
   }
-  if constexpr (F::kBytes == 3 && VectorBytes == 4) {
+  if constexpr (VectorBytes > 4) {
+    CombineShortRun<F, VectorBytes / 2>(p, n, rule, source);
+  } else {
     for (ptrdiff_t i = 0; i < n; ++i, p += F::kBytes) {
       const auto pixel = rule(LoadOne<F>(p), source.One(i));
       std::memcpy(p, &pixel, F::kBytes);
     }
-  } else if constexpr (VectorBytes > F::kBytes) {
-    CombineShortRun<F, VectorBytes / 2>(p, n, rule, source);
   }
 }
 
@@ -87,9 +89,9 @@ BRISAL_INLINE void CombineRun(uint8_t *p, ptrdiff_t n, const R &rule, const Sour
   if (n < G::kPixels) return CombineShortRun<F, VectorBytes / 2>(p, n, rule, source);
   const ptrdiff_t last = n - G::kPixels;
   uint8_t *end = p + last * F::kBytes;
-  const G tailSource = source.template At<VectorBytes>(last);
+  auto cursor = source.template Start<VectorBytes>();
+  const G tailSource = cursor.Ahead(last);
   const G tail = G::Combine(rule, TargetOr<R>(tailSource, end), tailSource);
-  auto cursor = source.template From<VectorBytes>(0);
   for (; p < end; p += G::kBytes) {
     const G s = cursor.Get();
     G::Combine(rule, TargetOr<R>(s, p), s).Store(p);

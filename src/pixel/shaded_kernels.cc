@@ -1,7 +1,6 @@
-#include "core/ints.h"
 #include "pixel/column.h"
 #include "pixel/run.h"
-#include "pixel/sources.h"
+#include "pixel/shaded_source.h"
 #include "pixel/span_kernels.h"
 
 namespace brisal {
@@ -16,36 +15,31 @@ BRISAL_INLINE bool Vanishes(const Span &span) {
   return (bits & F::kPrecision) == 0;
 }
 
-BRISAL_INLINE Ramp RampOf(const Span &span, int64_t n) {
-  Ramp ramp;
-  for (int c = 0; c < 3; ++c) {
-    const int shift = 16 - 8 * c;
-    const int left = span.leftColour >> shift & 0xFF;
-    const int right = span.rightColour >> shift & 0xFF;
-    ramp.start[c] = static_cast<uint32_t>(left) << 16;
-    ramp.step[c] = static_cast<uint32_t>(Divide((right - left) * 65536, n));
-  }
-  return ramp;
-}
-
 template <class F, class R>
 struct ShadedSpans {
+  // The sources of some spans are made before any of them is drawn: their divisions overlap, and the
+  // drawing does not fill the processor's queues with work that waits for them.
+  static constexpr int kBatch = 16;
+
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Runs *runs, const Buffer *target) {
+  BRISAL_INLINE static void Run(const Span *spans, int64_t count, const Buffer target) {
     const R rule(0);
-    const Span *span = runs->spans;
-    for (int64_t i = 0; i < runs->count; ++i, span += runs->spanStep) {
-      const ptrdiff_t n = static_cast<ptrdiff_t>(span->right) - span->left;
-      if (n <= 0) continue;
-      if (Vanishes<F, R>(*span)) continue;
-      uint8_t *row = target->Row(span->y + i * runs->rowStep);
-      CombineRun<F, VectorBytes>(row + ptrdiff_t{span->left} * F::kBytes, n, rule,
-                                 Shaded<F>(RampOf(*span, n)));
+    Shaded<F> sources[kBatch];
+    for (; count > 0; spans += kBatch, count -= kBatch) {
+      const int batch = count < kBatch ? static_cast<int>(count) : kBatch;
+      for (int i = 0; i < batch; ++i) sources[i] = Shaded<F>(spans[i]);
+      for (int i = 0; i < batch; ++i) {
+        const Span &span = spans[i];
+        const ptrdiff_t n = Length(span);
+        if (n <= 0 || Vanishes<F, R>(span)) continue;
+        uint8_t *row = target.Row(span.y) + ptrdiff_t{span.left} * F::kBytes;
+        CombineRun<F, VectorBytes>(row, n, rule, sources[i]);
+      }
     }
   }
 };
 
-using ShadedTable = KernelTable<const Runs *, const Buffer *>;
+using ShadedTable = KernelTable<const Span *, int64_t, Buffer>;
 constexpr auto kShadedKernels = ShadedTable::Of<ShadedSpans>(ShadedRules{});
 
 }  // namespace

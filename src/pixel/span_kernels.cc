@@ -1,8 +1,8 @@
 #include "pixel/span_kernels.h"
 
 #include "pixel/column.h"
+#include "pixel/flat_source.h"
 #include "pixel/run.h"
-#include "pixel/sources.h"
 
 namespace brisal {
 namespace {
@@ -10,15 +10,15 @@ namespace {
 template <class F, class R>
 struct FlatSpans {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Runs *runs, const Buffer *target, uint32_t packed,
+  BRISAL_INLINE static void Run(const Runs runs, const Buffer target, uint32_t packed,
                                 uint32_t alpha) {
     const R rule(alpha);
     const Flat<F> source(packed);
-    const Span *span = runs->spans;
-    for (int64_t i = 0; i < runs->count; ++i, span += runs->spanStep) {
-      const ptrdiff_t n = static_cast<ptrdiff_t>(span->right) - span->left;
+    const Span *span = runs.spans;
+    for (int64_t i = 0; i < runs.count; ++i, span += runs.spanStep) {
+      const ptrdiff_t n = Length(*span);
       if (n <= 0) continue;
-      uint8_t *row = target->Row(span->y + i * runs->rowStep);
+      uint8_t *row = target.Row(span->y + i * runs.rowStep);
       CombineRun<F, VectorBytes>(row + ptrdiff_t{span->left} * F::kBytes, n, rule, source);
     }
   }
@@ -30,7 +30,7 @@ void OnePixel(uint8_t *p, uint32_t packed, uint32_t alpha) {
   std::memcpy(p, &pixel, F::kBytes);
 }
 
-using SpanTable = KernelTable<const Runs *, const Buffer *, uint32_t, uint32_t>;
+using SpanTable = KernelTable<Runs, Buffer, uint32_t, uint32_t>;
 constexpr auto kSpanKernels = SpanTable::Of<FlatSpans>(Rules{});
 
 template <template <class> class R, class... F>

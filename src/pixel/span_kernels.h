@@ -19,8 +19,8 @@ struct Runs {
   int32_t rowStep;
 };
 
-using SpanKernel = void (*)(const Runs *runs, const Buffer *target, uint32_t packed, uint32_t alpha);
-using ShadedKernel = void (*)(const Runs *runs, const Buffer *target);
+using SpanKernel = void (*)(Runs runs, Buffer target, uint32_t packed, uint32_t alpha);
+using ShadedKernel = void (*)(const Span *spans, int64_t count, Buffer target);
 using PixelKernel = void (*)(uint8_t *pixel, uint32_t packed, uint32_t alpha);
 
 // Each is null where there is nothing to draw: for Rule::kNone and for codes that are no format.

@@ -7,7 +7,7 @@ namespace {
 
 void DrawRuns(const Canvas &canvas, const Runs &runs, Rule rule, uint32_t packed) {
   const SpanKernel kernel = FindSpanKernel(canvas.wide, rule, canvas.target.format);
-  if (kernel != nullptr) kernel(&runs, &canvas.target, packed, canvas.inkAlpha);
+  if (kernel != nullptr) kernel(runs, canvas.target, packed, canvas.inkAlpha);
 }
 
 }  // namespace
@@ -27,8 +27,7 @@ void DrawRectangle(const Canvas &canvas, const Span &first, int64_t rows, uint32
 void DrawGouraudSpanList(const Canvas &canvas, const Span *spans, int64_t count, int32_t mode) {
   const ShadedKernel kernel =
       FindShadedKernel(canvas.wide, RuleOfMode(mode), canvas.target.format);
-  const Runs runs = Runs::List(spans, count);
-  if (kernel != nullptr) kernel(&runs, &canvas.target);
+  if (kernel != nullptr) kernel(spans, count, canvas.target);
 }
 
 void DrawStrip(const Canvas &canvas, int32_t y, int64_t x1, int64_t x2, uint32_t packed,

@@ -1,0 +1,166 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+#include "core/span.h"
+#include "pixel/run.h"
+
+namespace brisal {
+
+// The channels of one colour in 16.16: lanes blue, green, red and an empty one.
+using FixedColour = Vector<uint32_t, 16>;
+
+BRISAL_INLINE FixedColour Fixed(int32_t colour) {
+  const uint32_t c = static_cast<uint32_t>(colour);
+  return FixedColour{(c & 0xFF) << 16, (c & 0xFF00) << 8, c & 0xFF0000};
+}
+
+// The step from pixel to pixel that leads from one colour to the other in n pixels.
+// One division serves all channels. A product with the reciprocal is off by less than one part in
+// 2^43, always away from zero; a quotient that is not whole is further than that from the next whole
+// number, so cutting the product gives just what cutting the quotient would.
+BRISAL_INLINE FixedColour StepBetween(FixedColour left, FixedColour right, ptrdiff_t n) {
+  using Doubles = Vector<double, 32>;
+  const double reciprocal = (1.0 + 0x1p-44) / static_cast<double>(n);
+  const auto way = __builtin_convertvector(As<int32_t>(right - left), Doubles);
+  return As<uint32_t>(
+      __builtin_convertvector(way * Splat<Doubles>(reciprocal), Vector<int32_t, 16>));
+}
+
+template <class V, size_t... I>
+BRISAL_INLINE V LaneNumbers(std::index_sequence<I...>) {
+  return V{I...};
+}
+
+// Words of three bytes moved together within each 16 bytes, of which 12 are left.
+template <class V>
+BRISAL_INLINE V Compact(V words) {
+  if constexpr (sizeof(V) == 32) {
+    const auto b = As<uint8_t>(words);
+    return As<uint32_t>(__builtin_shufflevector(
+        b, b, 0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 3, 3, 3, 3, 16, 17, 18, 20, 21, 22, 24, 25,
+        26, 28, 29, 30, 19, 19, 19, 19));
+  } else {
+    // The plain set has no byte shuffle: pair the words, then the pairs, by shifts.
+    static_assert(sizeof(V) == 16);
+    const auto wide = As<uint64_t>(words);
+    const auto pairs = (wide & 0xFFFFFFu) | ((wide >> 8) & 0xFFFFFF000000u);
+    const auto swapped = __builtin_shufflevector(pairs, pairs, 1, 0);
+    const auto low = pairs | swapped << 48;
+    return As<uint32_t>(__builtin_shufflevector(low, pairs >> 16, 0, 3));
+  }
+}
+
+// Word number `word` of a stream of compacted vectors, as an index into the pair of vectors
+// (part, part + 1), where lanes 3 and 7 are empty.
+constexpr int StreamLane(int lanes, int part, int word) {
+  const int stream = part * lanes + word;
+  const int used = lanes * 3 / 4;
+  const int within = stream % used;
+  return (stream / used - part) * lanes + within / 3 * 4 + within % 3;
+}
+
+template <int Part, class V, size_t... I>
+BRISAL_INLINE V StreamPart(V a, V b, std::index_sequence<I...>) {
+  return __builtin_shufflevector(a, b, StreamLane(sizeof...(I), Part, I)...);
+}
+
+// A source whose colour changes linearly along a span.
+template <class F>
+class Shaded {
+ public:
+  Shaded() = default;
+
+  // The span of no pixels has some source too.
+  BRISAL_INLINE explicit Shaded(const Span &span)
+      : start_(Fixed(span.leftColour)),
+        step_(StepBetween(start_, Fixed(span.rightColour), Length(span))) {}
+
+  BRISAL_INLINE auto One(ptrdiff_t i) const {
+    const FixedColour c = start_ + step_ * Splat<FixedColour>(static_cast<uint32_t>(i));
+    uint8_t stored[4];
+    F::Store(stored, F::Pack(Xrgb32::FromFixed(c[2], c[1], c[0])));
+    return LoadOne<F>(stored);
+  }
+
+  template <int VectorBytes>
+  class Cursor {
+   public:
+    using G = Group<F, VectorBytes>;
+    // Three-byte pixels are joined in whole 16 bytes at the least.
+    using V = Vector<uint32_t, F::kBytes == 3 && VectorBytes < 16 ? 16 : VectorBytes>;
+    static constexpr uint32_t kLanes = sizeof(V) / 4;
+    using LaneSequence = std::make_index_sequence<kLanes>;
+    static constexpr uint32_t kPixelsPerLane = F::kBytes == 2 ? 2 : 1;
+
+    BRISAL_INLINE explicit Cursor(const Shaded &source) : step_(source.step_) {
+      const V numbers = LaneNumbers<V>(LaneSequence{}) * kPixelsPerLane;
+      blue_ = SplatLane<V, 0>(source.start_) + SplatLane<V, 0>(step_) * numbers;
+      green_ = SplatLane<V, 1>(source.start_) + SplatLane<V, 1>(step_) * numbers;
+      red_ = SplatLane<V, 2>(source.start_) + SplatLane<V, 2>(step_) * numbers;
+    }
+
+    BRISAL_INLINE G Get() const {
+      G group;
+      if constexpr (F::kBytes == 4) {
+        group.part[0] = As<uint8_t>(Words());
+      } else if constexpr (F::kBytes == 2) {
+        // Lanes hold every second pixel; the ones between them are a step away.
+        group.part[0] = As<uint16_t>(Words() | Moved(step_).Words() << 16);
+      } else if constexpr (VectorBytes >= 16) {
+        const V a = Triples(0);
+        const V b = Triples(1);
+        const V c = Triples(2);
+        const V d = Triples(3);
+        group.part[0] = As<uint8_t>(StreamPart<0>(a, b, LaneSequence{}));
+        group.part[1] = As<uint8_t>(StreamPart<1>(b, c, LaneSequence{}));
+        group.part[2] = As<uint8_t>(StreamPart<2>(c, d, LaneSequence{}));
+      } else {
+        uint8_t bytes[2 * sizeof(V)];
+        StoreVector(bytes, Triples(0));
+        if constexpr (VectorBytes == 8) StoreVector(bytes + 12, Triples(1));
+        group = G::Load(bytes);
+      }
+      return group;
+    }
+
+    BRISAL_INLINE G Ahead(ptrdiff_t pixels) const {
+      return Moved(step_ * Splat<FixedColour>(static_cast<uint32_t>(pixels))).Get();
+    }
+
+    BRISAL_INLINE void Advance() { *this = Moved(step_ * G::kPixels); }
+
+   private:
+    BRISAL_INLINE Cursor Moved(FixedColour way) const {
+      Cursor moved = *this;
+      moved.blue_ += SplatLane<V, 0>(way);
+      moved.green_ += SplatLane<V, 1>(way);
+      moved.red_ += SplatLane<V, 2>(way);
+      return moved;
+    }
+
+    BRISAL_INLINE V Words() const { return F::FromFixed(red_, green_, blue_); }
+
+    BRISAL_INLINE V Triples(uint32_t vector) const {
+      return Compact(Moved(step_ * (vector * kLanes)).Words());
+    }
+
+    FixedColour step_;
+    V blue_;
+    V green_;
+    V red_;
+  };
+
+  template <int VectorBytes>
+  BRISAL_INLINE auto Start() const {
+    return Cursor<VectorBytes>(*this);
+  }
+
+ private:
+  FixedColour start_;
+  FixedColour step_;
+};
+
+}  // namespace brisal
