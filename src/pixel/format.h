@@ -39,12 +39,16 @@ struct Channel16 {
     return channel;
   }
 
-  // Puts back a value that carries Fraction more bits below it; those are dropped.
+  // Products carry Fraction bits below the channel's value. A factor lifted by kLift lands them where
+  // the channel belongs, or above; FromLifted puts them there and drops the fraction.
+  template <int Fraction>
+  static constexpr int kLift = Shift > Fraction ? Shift - Fraction : 0;
+
   template <int Fraction, class V>
-  BRISAL_INLINE static V FromScaled(V value) {
-    if constexpr (Shift == 0) return value >> Fraction;
-    if constexpr (Shift >= Fraction) return (value << (Shift - Fraction)) & kMask;
-    return (value >> (Fraction - Shift)) & kMask;
+  BRISAL_INLINE static V FromLifted(V product) {
+    if constexpr (Shift == 0) return product >> Fraction;
+    if constexpr (Shift >= Fraction) return product & kMask;
+    return (product >> (Fraction - Shift)) & kMask;
   }
 };
 

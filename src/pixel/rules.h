@@ -67,24 +67,26 @@ template <class F>
 struct Alpha : Reading<F> {
   explicit Alpha(uint32_t inkAlpha) : alpha(static_cast<uint16_t>(inkAlpha)) {}
 
-  // d + floor((s - d) * a / 256) without a negative number on the way.
-  template <class V>
-  BRISAL_INLINE V Scaled(V d, V s) const {
-    return d * static_cast<uint16_t>(256 - alpha) + s * alpha;
+  // d + floor((s - d) * a / 256) without a negative number on the way; 8 bits of fraction remain.
+  template <int Lift, class V>
+  BRISAL_INLINE V Blend(V d, V s) const {
+    return d * static_cast<uint16_t>((256 - alpha) << Lift) +
+           s * static_cast<uint16_t>(alpha << Lift);
+  }
+
+  template <class C, class V>
+  BRISAL_INLINE V BlendChannel(V d, V s) const {
+    return C::template FromLifted<8>(Blend<C::template kLift<8>>(C::Value(d), C::Value(s)));
   }
 
   template <class V>
   BRISAL_INLINE V operator()(V d, V s) const {
     if constexpr (kIs16<F>) {
-      using R = typename F::Red;
-      using G = typename F::Green;
-      using B = typename F::Blue;
-      return R::template FromScaled<8>(Scaled(R::Value(d), R::Value(s))) |
-             G::template FromScaled<8>(Scaled(G::Value(d), G::Value(s))) |
-             B::template FromScaled<8>(Scaled(B::Value(d), B::Value(s)));
+      return BlendChannel<typename F::Red>(d, s) | BlendChannel<typename F::Green>(d, s) |
+             BlendChannel<typename F::Blue>(d, s);
     } else {
       const auto op = [this](auto dd, auto ss) __attribute__((always_inline)) {
-        return this->Scaled(dd, ss);
+        return this->template Blend<0>(dd, ss);
       };
       return WithoutTopByte<F>(HighBytes(d, s, op));
     }
@@ -166,7 +168,8 @@ struct Mult : Reading<F> {
 
   template <class C, class V>
   BRISAL_INLINE static V Product(V d, V s) {
-    return C::template FromScaled<C::kBits>(C::Value(d) * C::Value(s));
+    return C::template FromLifted<C::kBits>(C::Value(d) *
+                                            (C::Value(s) << C::template kLift<C::kBits>));
   }
 
   template <class V>
