@@ -92,6 +92,7 @@ BRISAL_INLINE void CombineRun(uint8_t *p, ptrdiff_t n, const R &rule, const Sour
   auto cursor = source.template Start<VectorBytes>();
   const G tailSource = cursor.Ahead(last);
   const G tail = G::Combine(rule, TargetOr<R>(tailSource, end), tailSource);
+#pragma GCC unroll 2
   for (; p < end; p += G::kBytes) {
     const G s = cursor.Get();
     G::Combine(rule, TargetOr<R>(s, p), s).Store(p);
