@@ -224,15 +224,15 @@ BRSL_API uint32_t BRSL_CALL RGBForBuffer(uint32_t colour, int32_t reserved);
 /* ---- Memory -------------------------------------------------------------------------------- */
 
 /*
- * Copies byteCount bytes, source first. Overlapping blocks are not supported; a byteCount of 0
- * copies nothing.
+ * Copies byteCount bytes from source to destination (source first). Overlapping blocks are not
+ * supported; a byteCount of 0 copies nothing.
  * The caller guarantees both ranges. (The name is in parentheses because <windows.h> has a macro
  * of it; call it the same way where that header is in use.)
  */
 BRSL_API void BRSL_CALL(CopyMemory)(const void *source, void *destination, uint32_t byteCount);
 
 /*
- * Writes count elements in a row, each holding the low bits of value.
+ * Writes count elements in a row from destination on, each holding the low bits of value.
  * count: a count <= 0 writes nothing. size: element size code, of which size & 7 counts: 1 (or 0) =
  * 8 bits, 2 = 16 bits, 3 = 24 bits (three bytes, low byte first), 4 = 32 bits; 5-7 write nothing.
  * Words are little-endian and need no alignment. The caller guarantees the range. (In parentheses
@@ -245,8 +245,8 @@ BRSL_API void BRSL_CALL(FillMemory)(void *destination, int32_t count, uint32_t v
  * stride: negative walks backwards from destination; 0 writes nothing.
  * The caller guarantees that every element written lies in its memory.
  */
-BRSL_API void BRSL_CALL FillMemoryEx(void *destination, int32_t stride, int32_t count, uint32_t value,
-                                     int32_t size);
+BRSL_API void BRSL_CALL FillMemoryEx(void *destination, int32_t stride, int32_t count,
+                                     uint32_t value, int32_t size);
 
 /*
  * Returns 1 when the first count bytes at a and b are equal, or count <= 0; else 0.
@@ -343,9 +343,9 @@ BRSL_API void BRSL_CALL BRSL_Box(int32_t x1, int32_t y1, int32_t x2, int32_t y2,
  * a clipped row keeps the colours that the whole row has at the ends that remain, reduced to eight
  * bits a channel.
  */
-BRSL_API void BRSL_CALL BRSL_ShadeBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2, uint32_t colour1,
-                                      uint32_t colour2, uint32_t colour3, uint32_t colour4,
-                                      int32_t flags);
+BRSL_API void BRSL_CALL BRSL_ShadeBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2,
+                                      uint32_t colour1, uint32_t colour2, uint32_t colour3,
+                                      uint32_t colour4, int32_t flags);
 
 /* ---- Circles and ellipses ------------------------------------------------------------------
  *
@@ -363,7 +363,8 @@ BRSL_API void BRSL_CALL BRSL_ShadeBox(int32_t x1, int32_t y1, int32_t x2, int32_
  * cx, cy: centre. r: radius. colour: 0xAARRGGBB. flags: BRSL_OUTLINE for the outline, else filled;
  * plus a draw mode in bits 4-15.
  */
-BRSL_API void BRSL_CALL BRSL_Circle(int32_t cx, int32_t cy, int32_t r, uint32_t colour, int32_t flags);
+BRSL_API void BRSL_CALL BRSL_Circle(int32_t cx, int32_t cy, int32_t r, uint32_t colour,
+                                    int32_t flags);
 
 /*
  * Draws an ellipse.
@@ -372,13 +373,14 @@ BRSL_API void BRSL_CALL BRSL_Circle(int32_t cx, int32_t cy, int32_t r, uint32_t 
  * Filled, a shape inside the viewport is drawn as BRSL_FilledEllipseNC draws it; any other as
  * BRSL_FilledEllipse does, which is one row lower; one outside the viewport not at all.
  */
-BRSL_API void BRSL_CALL BRSL_Ellipse(int32_t cx, int32_t cy, int32_t rx, int32_t ry, uint32_t colour,
-                                     int32_t flags);
+BRSL_API void BRSL_CALL BRSL_Ellipse(int32_t cx, int32_t cy, int32_t rx, int32_t ry,
+                                     uint32_t colour, int32_t flags);
 
 /*
  * Draws the outline of a circle; BRSL_OpenEllipse with both radii r.
  */
-BRSL_API void BRSL_CALL BRSL_OpenCircle(int32_t cx, int32_t cy, int32_t r, uint32_t colour, int32_t flags);
+BRSL_API void BRSL_CALL BRSL_OpenCircle(int32_t cx, int32_t cy, int32_t r, uint32_t colour,
+                                        int32_t flags);
 
 /*
  * Draws the outline of an ellipse: for i = 0 .. ry - 1 with h = H(i, ry, rx) the points
@@ -387,8 +389,8 @@ BRSL_API void BRSL_CALL BRSL_OpenCircle(int32_t cx, int32_t cy, int32_t r, uint3
  * cx, cy: centre. rx, ry: radii; below 1 draws no points of that loop. colour: 0xAARRGGBB.
  * flags: a draw mode in bits 4-15.
  */
-BRSL_API void BRSL_CALL BRSL_OpenEllipse(int32_t cx, int32_t cy, int32_t rx, int32_t ry, uint32_t colour,
-                                         int32_t flags);
+BRSL_API void BRSL_CALL BRSL_OpenEllipse(int32_t cx, int32_t cy, int32_t rx, int32_t ry,
+                                         uint32_t colour, int32_t flags);
 
 /*
  * Draws the outline of BRSL_OpenEllipse in the draw mode flags & 0xFFF0 by the one-pixel rule;
@@ -429,8 +431,8 @@ BRSL_API void BRSL_CALL BRSL_FilledEllipseNC(int32_t cx, int32_t cy, int32_t rx,
  * column c gets y = (y0 * 65536 + 0x8000 + c * trunc(dy * 65536 / dx)) >> 16.
  * Not clipped: the caller guarantees that the line lies inside the buffer.
  */
-BRSL_API void BRSL_CALL BRSL_WriteLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2, uint32_t colour,
-                                       int32_t flags);
+BRSL_API void BRSL_CALL BRSL_WriteLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2,
+                                       uint32_t colour, int32_t flags);
 
 /*
  * Draws a line in a draw mode: as BRSL_WriteLine, with 14 bits of fraction instead of 16 (a half is
@@ -473,14 +475,15 @@ BRSL_API void BRSL_CALL BRSL_WriteLine_32Bit(int32_t x1, int32_t y1, int32_t x2,
  * x0 .. y2: the vertices. colour: 0xAARRGGBB. drawMode: a draw mode in bits 4-15, the low four bits
  * are ignored; the rules of span fills hold.
  */
-BRSL_API void BRSL_CALL BRSL_Tri(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t x2, int32_t y2,
-                                 uint32_t colour, int32_t drawMode);
+BRSL_API void BRSL_CALL BRSL_Tri(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t x2,
+                                 int32_t y2, uint32_t colour, int32_t drawMode);
 
 /*
  * Fills a convex quad in a flat colour; as BRSL_Tri with four vertices around the ring.
  */
-BRSL_API void BRSL_CALL BRSL_Quad(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t x2, int32_t y2,
-                                  int32_t x3, int32_t y3, uint32_t colour, int32_t drawMode);
+BRSL_API void BRSL_CALL BRSL_Quad(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t x2,
+                                  int32_t y2, int32_t x3, int32_t y3, uint32_t colour,
+                                  int32_t drawMode);
 
 /*
  * Fills the Gouraud-shaded polygon that the first count slots of the vertex list hold (x, y,

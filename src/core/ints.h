@@ -3,7 +3,9 @@
 #include <bit>
 #include <cstdint>
 
-static_assert(std::endian::native == std::endian::little, "Pixels and elements are stored as little-endian words; this build's processor is not.");
+static_assert(
+    std::endian::native == std::endian::little,
+    "Pixels and elements are stored as little-endian words; this build's processor is not.");
 
 namespace brisal {
 

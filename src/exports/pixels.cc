@@ -1,7 +1,8 @@
+#include "raster/pixels.h"
+
 #include "brisal/brisal.h"
 #include "exports/instance.h"
 #include "pixel/format.h"
-#include "raster/pixels.h"
 #include "raster/spans.h"
 
 using namespace brisal;

@@ -55,9 +55,7 @@ int32_t BRSL_CALL BRSL_SetInkAlpha(int32_t alpha) {
   return BRSL_GetInkAlpha();
 }
 
-int32_t BRSL_CALL BRSL_GetInkAlpha(void) {
-  return static_cast<int32_t>(instance.canvas.inkAlpha);
-}
+int32_t BRSL_CALL BRSL_GetInkAlpha(void) { return static_cast<int32_t>(instance.canvas.inkAlpha); }
 
 int32_t BRSL_CALL BRSL_SetDebug(int32_t index, int32_t value) {
   if (!IsSlot(index, State::kDebugSlots)) return 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <type_traits>
 
 #include "pixel/format.h"
 #include "pixel/mode.h"
@@ -44,24 +45,27 @@ struct Kernels {
   Function columns[2];
 };
 
-// Cells that are the same operation share one kernel: formats 4 and 5 always, the 16-bit formats
-// where the rule does not look at channels.
+// Cells that are the same operation share one kernel. Formats 4 and 5 always do.
 template <class F, template <class> class R>
-struct Fold {
-  using type = std::conditional_t<kIs16<F> && R<F>::kWholePixels, Rgb565, F>;
+struct FoldAlpha {
+  using type = std::conditional_t<std::is_same_v<F, Argb32>, Xrgb32, F>;
 };
 
-template <template <class> class R>
-struct Fold<Argb32, R> {
-  using type = Xrgb32;
+// Where colours come packed, the 16-bit formats do too, for rules that do not look at channels.
+template <class F, template <class> class R>
+struct FoldPacked {
+  using type =
+      std::conditional_t<kIs16<F> && R<F>::kWholePixels, Rgb565, typename FoldAlpha<F, R>::type>;
 };
 
-template <class... Args>
+template <template <class, template <class> class> class Fold, class... Args>
 struct KernelTable {
+  template <template <class, class> class K, template <class> class R, class F>
+  using Cell = K<typename Fold<F, R>::type, R<typename Fold<F, R>::type>>;
+
   template <template <class, class> class K, template <class> class R, class... F>
   static constexpr std::array<Kernels<Args...>, sizeof...(F)> Row(TypeList<F...>) {
-    return {Kernels<Args...>::template Of<K<typename Fold<F, R>::type,
-                                            R<typename Fold<F, R>::type>>>()...};
+    return {Kernels<Args...>::template Of<Cell<K, R, F>>()...};
   }
 
   // rows[rule][format code - 1], where K<Format, Rule> is a kernel.

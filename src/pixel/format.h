@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "brisal/brisal.h"
 #include "pixel/lanes.h"
 
 // The five pixel formats, each a type that knows its storage, its channels and how a colour is
@@ -60,8 +61,8 @@ struct Packed16 {
   using Green = G;
   using Blue = B;
   // All bits but the lowest of each channel, one place down: where halves land.
-  static constexpr uint16_t kHalves = ((R::kMask & R::kMask << 1) | (G::kMask & G::kMask << 1) |
-                                       (B::kMask & B::kMask << 1)) >> 1;
+  static constexpr uint16_t kHalves =
+      ((R::kMask & R::kMask << 1) | (G::kMask & G::kMask << 1) | (B::kMask & B::kMask << 1)) >> 1;
 
   static uint32_t Load(const uint8_t *p) {
     uint16_t stored;
@@ -173,11 +174,11 @@ constexpr bool IsFormat(int32_t code) { return 1 <= code && code <= Formats::kSi
 template <class F, class R>
 R WithFormat(int32_t code, R otherwise, F f) {
   switch (code) {
-    case 1: return f(Rgb565{});
-    case 2: return f(Rgb555{});
-    case 3: return f(Rgb24{});
-    case 4: return f(Xrgb32{});
-    case 5: return f(Argb32{});
+    case BRSL_FORMAT_565: return f(Rgb565{});
+    case BRSL_FORMAT_555: return f(Rgb555{});
+    case BRSL_FORMAT_RGB: return f(Rgb24{});
+    case BRSL_FORMAT_X32: return f(Xrgb32{});
+    case BRSL_FORMAT_A32: return f(Argb32{});
     default: return otherwise;
   }
 }

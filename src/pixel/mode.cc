@@ -3,7 +3,7 @@
 namespace brisal {
 namespace {
 
-bool Is16Bit(int32_t format) { return format <= 2; }
+bool Is16Bit(int32_t format) { return format == BRSL_FORMAT_565 || format == BRSL_FORMAT_555; }
 
 // Full alpha stores the colour exactly, alpha 0 is no drawing at all.
 Rule AtAlpha(uint32_t alpha) {
@@ -15,17 +15,17 @@ Rule AtAlpha(uint32_t alpha) {
 
 Rule RuleOfMode(int32_t mode) {
   switch (mode) {
-    case 1:
-    case 2: return Rule::kSolid;
-    case 16: return Rule::kAlpha;
-    case 32: return Rule::kHalf;
-    case 64: return Rule::kAdd;
-    case 128: return Rule::kSub;
-    case 256: return Rule::kAnd;
-    case 512: return Rule::kOr;
-    case 1024: return Rule::kXor;
-    case 2048: return Rule::kMult;
-    case 4096: return Rule::kRevSub;
+    case DRAW_NORMAL:
+    case DRAW_SOLID: return Rule::kSolid;
+    case DRAW_ALPHA: return Rule::kAlpha;
+    case DRAW_HALF: return Rule::kHalf;
+    case DRAW_ADD: return Rule::kAdd;
+    case DRAW_SUB: return Rule::kSub;
+    case DRAW_AND: return Rule::kAnd;
+    case DRAW_OR: return Rule::kOr;
+    case DRAW_XOR: return Rule::kXor;
+    case DRAW_MULT: return Rule::kMult;
+    case DRAW_REVSUB: return Rule::kRevSub;
     default: return Rule::kNone;
   }
 }
@@ -50,8 +50,8 @@ Rule StripRule(int32_t mode, int32_t format, uint32_t inkAlpha) {
   switch (rule) {
     case Rule::kAlpha: return Is16Bit(format) && inkAlpha < 15 ? Rule::kNone : rule;
     case Rule::kAdd:
-    case Rule::kSub: return format == 5 ? Rule::kNone : rule;
-    case Rule::kMult: return format == 1 ? rule : Rule::kNone;
+    case Rule::kSub: return format == BRSL_FORMAT_A32 ? Rule::kNone : rule;
+    case Rule::kMult: return format == BRSL_FORMAT_565 ? rule : Rule::kNone;
     case Rule::kRevSub: return Rule::kNone;
     default: return rule;
   }

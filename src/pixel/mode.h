@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "brisal/brisal.h"
 #include "pixel/rules.h"
 
 // From the draw mode that crosses the interface to the rule that a writer runs. The writers differ
@@ -24,7 +25,10 @@ using ShadedRules = RuleList<Solid, Half, Add, Sub, Mult, RevSub>;
 Rule RuleOfMode(int32_t mode);
 
 // The draw mode in a shape's flags, solid where there is none.
-constexpr int32_t ModeOfFlags(int32_t flags) { return (flags & 0xFFF0) != 0 ? flags & 0xFFF0 : 2; }
+constexpr int32_t ModeOfFlags(int32_t flags) {
+  const int32_t mode = flags & 0xFFF0;
+  return mode != 0 ? mode : DRAW_SOLID;
+}
 
 Rule PixelRule(int32_t mode, uint32_t inkAlpha);
 Rule SpanRule(int32_t mode, int32_t format, uint32_t inkAlpha, uint32_t packedColour);

@@ -106,7 +106,8 @@ struct Half : Reading<F> {
     } else if constexpr (F::kBytes == 3) {
       return (d & s) + ((d ^ s) >> 1);
     } else {
-      return As<uint8_t>(((As<uint32_t>(d) >> 1) & 0x7F7F7Fu) + ((As<uint32_t>(s) >> 1) & 0x7F7F7Fu));
+      return As<uint8_t>(((As<uint32_t>(d) >> 1) & 0x7F7F7Fu) +
+                         ((As<uint32_t>(s) >> 1) & 0x7F7F7Fu));
     }
   }
 };

@@ -39,7 +39,7 @@ struct ShadedSpans {
   }
 };
 
-using ShadedTable = KernelTable<const Span *, int64_t, Buffer>;
+using ShadedTable = KernelTable<FoldAlpha, const Span *, int64_t, Buffer>;
 constexpr auto kShadedKernels = ShadedTable::Of<ShadedSpans>(ShadedRules{});
 
 }  // namespace

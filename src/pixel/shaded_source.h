@@ -39,9 +39,9 @@ template <class V>
 BRISAL_INLINE V Compact(V words) {
   if constexpr (sizeof(V) == 32) {
     const auto b = As<uint8_t>(words);
-    return As<uint32_t>(__builtin_shufflevector(
-        b, b, 0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 3, 3, 3, 3, 16, 17, 18, 20, 21, 22, 24, 25,
-        26, 28, 29, 30, 19, 19, 19, 19));
+    return As<uint32_t>(__builtin_shufflevector(b, b, 0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 3, 3,
+                                                3, 3, 16, 17, 18, 20, 21, 22, 24, 25, 26, 28, 29,
+                                                30, 19, 19, 19, 19));
   } else {
     // The plain set has no byte shuffle: pair the words, then the pairs, by shifts.
     static_assert(sizeof(V) == 16);
@@ -90,7 +90,7 @@ class Shaded {
    public:
     using G = Group<F, VectorBytes>;
     // Three-byte pixels are joined in whole 16 bytes at the least.
-    using V = Vector<uint32_t, F::kBytes == 3 && VectorBytes < 16 ? 16 : VectorBytes>;
+    using V = Vector < uint32_t, F::kBytes == 3 && VectorBytes<16 ? 16 : VectorBytes>;
     static constexpr uint32_t kLanes = sizeof(V) / 4;
     using LaneSequence = std::make_index_sequence<kLanes>;
     static constexpr uint32_t kPixelsPerLane = F::kBytes == 2 ? 2 : 1;

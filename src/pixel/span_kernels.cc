@@ -30,12 +30,12 @@ void OnePixel(uint8_t *p, uint32_t packed, uint32_t alpha) {
   std::memcpy(p, &pixel, F::kBytes);
 }
 
-using SpanTable = KernelTable<Runs, Buffer, uint32_t, uint32_t>;
+using SpanTable = KernelTable<FoldPacked, Runs, Buffer, uint32_t, uint32_t>;
 constexpr auto kSpanKernels = SpanTable::Of<FlatSpans>(Rules{});
 
 template <template <class> class R, class... F>
 constexpr std::array<PixelKernel, sizeof...(F)> PixelRow(TypeList<F...>) {
-  return {&OnePixel<typename Fold<F, R>::type, R<typename Fold<F, R>::type>>...};
+  return {&OnePixel<typename FoldPacked<F, R>::type, R<typename FoldPacked<F, R>::type>>...};
 }
 
 template <template <class> class... R>

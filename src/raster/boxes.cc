@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "brisal/brisal.h"
 #include "pixel/format.h"
 #include "pixel/mode.h"
 #include "raster/pixels.h"
@@ -9,9 +10,6 @@
 
 namespace brisal {
 namespace {
-
-constexpr int32_t kOutline = 1;
-constexpr int32_t kFilled = 2;
 
 struct Rectangle {
   Rectangle(int32_t x1, int32_t y1, int32_t x2, int32_t y2)
@@ -92,8 +90,8 @@ void DrawBox(const Canvas &canvas, int32_t x1, int32_t y1, int32_t x2, int32_t y
              int32_t flags) {
   const Rectangle box(x1, y1, x2, y2);
   const uint32_t packed = PackColour(colour, canvas.target.format);
-  if ((flags & kOutline) != 0) return OutlineBox(canvas, box, packed, ModeOfFlags(flags));
-  if ((flags & kFilled) != 0) FillBox(canvas, box, packed, ModeOfFlags(flags));
+  if ((flags & BRSL_OUTLINE) != 0) return OutlineBox(canvas, box, packed, ModeOfFlags(flags));
+  if ((flags & BRSL_FILLED) != 0) FillBox(canvas, box, packed, ModeOfFlags(flags));
 }
 
 void DrawShadeBox(const Canvas &canvas, SpanBuffer &spanBuffer, int32_t x1, int32_t y1, int32_t x2,

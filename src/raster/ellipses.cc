@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "brisal/brisal.h"
 #include "core/ints.h"
 #include "pixel/format.h"
 #include "pixel/mode.h"
@@ -10,8 +11,6 @@
 
 namespace brisal {
 namespace {
-
-constexpr int32_t kOutline = 1;
 
 // The half-width at height n of a quarter circle of radius r, scaled to s.
 int64_t HalfWidth(const QuarterCircle &quarter, int64_t n, int64_t r, int64_t s) {
@@ -77,12 +76,11 @@ Extent ClassifyEllipse(const Viewport &view, const Ellipse &e) {
 
 void DrawEllipse(const Canvas &canvas, const QuarterCircle &quarter, SpanBuffer &spanBuffer,
                  const Ellipse &e, uint32_t colour, int32_t flags) {
-  if ((flags & kOutline) != 0) return DrawOpenEllipse(canvas, quarter, e, colour, flags);
+  if ((flags & BRSL_OUTLINE) != 0) return DrawOpenEllipse(canvas, quarter, e, colour, flags);
   const uint32_t packed = PackColour(colour, canvas.target.format);
   switch (ClassifyEllipse(canvas.viewport, e)) {
     case Extent::kOutside: return;
-    case Extent::kPartly:
-      return FillEllipseClipped(canvas, quarter, spanBuffer, e, packed, flags);
+    case Extent::kPartly: return FillEllipseClipped(canvas, quarter, spanBuffer, e, packed, flags);
     case Extent::kInside:
       return FillEllipseUnclipped(canvas, quarter, spanBuffer, e, packed, flags);
   }

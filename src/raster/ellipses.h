@@ -33,7 +33,6 @@ void DrawOutline(const Canvas &canvas, const QuarterCircle &quarter, const Ellip
 void FillEllipseClipped(const Canvas &canvas, const QuarterCircle &quarter, SpanBuffer &spanBuffer,
                         const Ellipse &e, uint32_t packed, int32_t flags);
 void FillEllipseUnclipped(const Canvas &canvas, const QuarterCircle &quarter,
-                          SpanBuffer &spanBuffer, const Ellipse &e, uint32_t packed,
-                          int32_t flags);
+                          SpanBuffer &spanBuffer, const Ellipse &e, uint32_t packed, int32_t flags);
 
 }  // namespace brisal

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "brisal/brisal.h"
 #include "pixel/format.h"
 #include "pixel/span_kernels.h"
 #include "raster/pixels.h"
@@ -53,7 +54,7 @@ void WriteLine(const Canvas &canvas, int32_t x1, int32_t y1, int32_t x2, int32_t
   }
   if (y1 == y2) {
     if (x1 > x2) std::swap(x1, x2);
-    return DrawStrip(canvas, y1, x1, int64_t{x2} + 1, packed, 2);
+    return DrawStrip(canvas, y1, x1, int64_t{x2} + 1, packed, DRAW_SOLID);
   }
   WithFormat(target.format, 0, [&](auto f) {
     WritePlain<decltype(f)>(target, x1, y1, x2, y2, packed);
@@ -77,12 +78,12 @@ void WriteLine32(const Canvas &canvas, int32_t x1, int32_t y1, int32_t x2, int32
   const Buffer &target = canvas.target;
   if (x1 == x2 && y1 == y2) {
     if (!canvas.viewport.Contains(x1, y1)) return;
-    return DrawPixel(canvas, x1, y1, PackColour(colour, target.format), 1);
+    return DrawPixel(canvas, x1, y1, PackColour(colour, target.format), DRAW_NORMAL);
   }
-  if (target.format != 4 && target.format != 5) return;
+  if (target.format != BRSL_FORMAT_X32 && target.format != BRSL_FORMAT_A32) return;
   if (y1 == y2) {
     if (x1 > x2) std::swap(x1, x2);
-    return DrawStrip(canvas, y1, x1, int64_t{x2} + 1, colour, 2);
+    return DrawStrip(canvas, y1, x1, int64_t{x2} + 1, colour, DRAW_SOLID);
   }
   if (x1 == x2 && !canvas.viewport.ContainsColumn(x1)) return;
   const auto plot = [&](int64_t x, int64_t y) {

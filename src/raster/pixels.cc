@@ -41,9 +41,9 @@ void DrawPixel(const Canvas &canvas, int32_t x, int32_t y, uint32_t packed, int3
 }
 
 uint32_t ReadPixel(const Buffer &buffer, int32_t x, int32_t y) {
-  if (buffer.format == 1) return ReadAs<Rgb565>(buffer, x, y);
-  if (buffer.format < 3) return ReadAs<Rgb555>(buffer, x, y);
-  if (buffer.format == 3) return ReadAs<Rgb24>(buffer, x, y);
+  if (buffer.format == BRSL_FORMAT_565) return ReadAs<Rgb565>(buffer, x, y);
+  if (buffer.format < BRSL_FORMAT_RGB) return ReadAs<Rgb555>(buffer, x, y);
+  if (buffer.format == BRSL_FORMAT_RGB) return ReadAs<Rgb24>(buffer, x, y);
   return ReadAs<Xrgb32>(buffer, x, y);
 }
 
