@@ -1,0 +1,37 @@
+#include "tools/info.h"
+
+#include <cstdio>
+
+#include "tools/formats.h"
+
+namespace brisal::tools {
+
+namespace {
+
+bool HasAvx2() {
+#if defined(__x86_64__) || defined(__i386__)
+  return __builtin_cpu_supports("avx2");
+#else
+  return false;
+#endif
+}
+
+}  // namespace
+
+std::string Version() {
+  return std::to_string(BRSL_VERSION_MAJOR) + "." + std::to_string(BRSL_VERSION_MINOR) + "." +
+         std::to_string(BRSL_VERSION_PATCH);
+}
+
+std::string InstructionSet() { return BRSL_GetMMXState() == 1 && HasAvx2() ? "avx2" : "plain"; }
+
+void PrintInfo() {
+  std::printf("version          %s\n", Version().c_str());
+  for (const FormatInfo &format : kFormats) {
+    std::printf("format %d         %s  %s\n", format.code, format.name, format.caption);
+  }
+  std::printf("MMX switch       %d\n", BRSL_GetMMXState());
+  std::printf("instruction set  %s\n", InstructionSet().c_str());
+}
+
+}  // namespace brisal::tools
