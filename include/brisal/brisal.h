@@ -99,6 +99,25 @@
 #define BRSL_OUTLINE 1
 #define BRSL_FILLED 2
 
+/*
+ * A surface: pixel memory of the caller, described. Pixel (x, y) lies as in a buffer; the viewport is
+ * half-open and limits the calls that say so. Make one with BRSL_AllocSurfaceDesc; its fields may be
+ * read, and changed through the setters.
+ */
+typedef struct BRSL_SurfaceDesc {
+  int32_t format;      /* BRSL_FORMAT_* */
+  void *address;       /* pixel (0, 0) */
+  int32_t pitch;       /* bytes from row to row */
+  int32_t pitchShift;  /* k where pitch is 2^k for a k of 0-23, else 0 */
+  int32_t width;       /* pixels */
+  int32_t height;      /* pixels */
+  uint32_t maskColour; /* 0xAARRGGBB, the colour of transparent pixels */
+  int32_t viewLeft;    /* viewport: first column and row inside, first column and row outside */
+  int32_t viewTop;
+  int32_t viewRight;
+  int32_t viewBottom;
+} BRSL_SurfaceDesc;
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -517,6 +536,185 @@ BRSL_API void BRSL_CALL BRSL_QuadG(int32_t x0, int32_t y0, uint32_t colour0, int
  */
 BRSL_API void BRSL_CALL BRSL_QuadSetGouraud(uint32_t colour0, uint32_t colour1, uint32_t colour2,
                                             uint32_t colour3);
+
+/* ---- Surfaces ------------------------------------------------------------------------------ */
+
+/*
+ * Makes a surface descriptor; BRSL_FreeSurfaceDesc releases it. Nothing is checked.
+ * format: BRSL_FORMAT_*. address: pixel (0, 0). pitch: bytes from row to row. width, height: pixels.
+ * The mask colour is 0, the viewport the whole surface.
+ * Returns the descriptor, null when there is no memory. The pixels stay the caller's and must outlive
+ * every call that uses the descriptor.
+ */
+BRSL_API BRSL_SurfaceDesc *BRSL_CALL BRSL_AllocSurfaceDesc(int32_t format, void *address,
+                                                           int32_t pitch, int32_t width,
+                                                           int32_t height);
+
+/*
+ * Releases a descriptor, not its pixels. desc: may be null.
+ * Returns 1.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_FreeSurfaceDesc(BRSL_SurfaceDesc *desc);
+
+/*
+ * Sets the viewport of desc to the rectangle between two corners given in either order: left =
+ * min(x1, x2), top = min(y1, y2), right = max(x1, x2), bottom = max(y1, y2). A null desc is ignored.
+ * The caller guarantees that the viewport lies inside the surface's memory.
+ */
+BRSL_API void BRSL_CALL BRSL_SetSurfaceDescVP(BRSL_SurfaceDesc *desc, int32_t x1, int32_t y1,
+                                              int32_t x2, int32_t y2);
+
+/*
+ * Sets the mask colour of desc. colour: 0xAARRGGBB, kept as it is. A null desc is ignored.
+ */
+BRSL_API void BRSL_CALL BRSL_SetSurfaceDescMaskColour(BRSL_SurfaceDesc *desc, uint32_t colour);
+
+/*
+ * Returns the format of desc, 0 for null.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_GetSurfaceDescType(const BRSL_SurfaceDesc *desc);
+
+/*
+ * Returns the pixel (x, y) of desc as a colour, widened as by BRSL_Point; 0 outside its viewport and
+ * for a format outside 1-5. desc: not null.
+ */
+BRSL_API uint32_t BRSL_CALL BRSL_PeekSurface(const BRSL_SurfaceDesc *desc, int32_t x, int32_t y);
+
+/*
+ * Stores a colour at (x, y) of desc, packed for its format; nothing outside its viewport or for a
+ * format outside 1-5. desc: not null. colour: 0xAARRGGBB.
+ */
+BRSL_API void BRSL_CALL BRSL_PokeSurface(BRSL_SurfaceDesc *desc, int32_t x, int32_t y,
+                                         uint32_t colour);
+
+/*
+ * BRSL_PokeSurface without the viewport test. The caller guarantees that (x, y) lies inside the
+ * surface desc.
+ * colour: 0xAARRGGBB.
+ */
+BRSL_API void BRSL_CALL BRSL_PokeSurfaceNC(BRSL_SurfaceDesc *desc, int32_t x, int32_t y,
+                                           uint32_t colour);
+
+/*
+ * Reads the pixels x1 <= x < x2 of row y as colours, widened as by BRSL_PeekSurface.
+ * out: room for x2 - x1 colours. Nothing is read or written for a null desc or out, for x2 <= x1, and
+ * for a format outside 1-5.
+ * Not clipped: the caller guarantees that the pixels lie inside the surface desc.
+ */
+BRSL_API void BRSL_CALL BRSL_PeekPixelStrip(const BRSL_SurfaceDesc *desc, int32_t x1, int32_t x2,
+                                            int32_t y, uint32_t *out);
+
+/*
+ * Counts the pixels of the target that have a colour, from (x, y) on in steps of (xStep, yStep), until
+ * the first that has not or that lies outside the viewport.
+ * colour: 0xAARRGGBB, compared at the target's precision; its top byte counts in format 5 only.
+ * Returns the count; 0 when both steps are 0, when (x, y) is outside the viewport, and for a format
+ * outside 1-5.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_PixelRunLength(int32_t x, int32_t y, int32_t xStep, int32_t yStep,
+                                               uint32_t colour);
+
+/*
+ * Returns 0 when the rectangle with corner (x, y), width w and height h misses the viewport, that is
+ * when x > right, y > bottom, x + w < left or y + h < top; else 1 (touching counts).
+ */
+BRSL_API int32_t BRSL_CALL BRSL_ImageInViewPort(int32_t x, int32_t y, int32_t w, int32_t h);
+
+/* ---- Blits ---------------------------------------------------------------------------------
+ *
+ * Both copy columns sx1 <= x < sx2 and rows sy1 <= y < sy2 of the source buffer so that (sx1, sy1)
+ * lands at (dx, dy) of the target, clipped to the viewport. An empty or reversed rectangle draws
+ * nothing. The caller guarantees that the part of the source rectangle that lands inside the viewport
+ * lies inside the source buffer. Pixels go row by row downwards, each row from left to right.
+ */
+
+/*
+ * Copies a rectangle (sx1, sy1, sx2, sy2) of the source buffer to (dx, dy), converting formats: 16-bit
+ * channels are widened as by BRSL_Point, colours narrowed as by RGBForBuffer; same formats, and 4 and
+ * 5, are copied bit by bit. A target of format 5 takes a source of format 5 only.
+ * maskColour: 0xAARRGGBB, used with bit 0 of flags. flags: bit 0 leaves out pixels:
+ *   source formats 1, 2  those whose stored value is the mask colour packed for the source
+ *   3 into 3             those whose value is the mask colour's low 24 bits
+ *   3 into 1, 2          those whose converted value is the mask colour packed for the target
+ *   3 into 4             those whose value is the mask colour, all 32 bits
+ *   4, and 5 into 5      those whose 32 bits are the mask colour
+ *   5 into 4             those whose 32 bits are the mask colour; the others are blended by alpha
+ *   5 into 1, 2, 3       none by colour; pixels are blended by alpha
+ * Blending by alpha: a is the pixel's alpha, its top 6 bits for target format 1 and its top 5 for
+ * format 2. a = 0 draws nothing; a >= 254 (63, 31) copies; else each channel becomes
+ * d + floor((s - d) * a / 256 (64, 32)), the top byte 0.
+ * Any other bit of flags draws nothing where source and target have the same format and for 5 into 4,
+ * and with bit 0 also for 5 into 1, 2 and 3; elsewhere it is ignored.
+ */
+BRSL_API void BRSL_CALL BRSL_Blit(int32_t sx1, int32_t sy1, int32_t sx2, int32_t sy2, int32_t dx,
+                                  int32_t dy, uint32_t maskColour, uint32_t flags);
+
+/*
+ * Copies a rectangle (sx1, sy1, sx2, sy2) of the source buffer to (dx, dy) with an effect. Source s,
+ * target t and blend source b must have one format, except in mode 0; the pixel of b that goes with
+ * (x, y) of the source is (x, y). With a target of another format nothing is drawn.
+ * blitFlags, blitMaskColour: the flags and mask colour of BRSL_Blit, for mode 0. fxMode: see below;
+ * other values draw nothing, bit 0 is ignored but for mode 1. fxColour: c, 0xAARRGGBB.
+ * useBlendSource: 1 takes the second operand from the blend source. reserved: not used.
+ *   mode   useBlendSource 1     otherwise                              source formats
+ *   0      BRSL_Blit            BRSL_Blit                              all
+ *   1      t = s, then s = c    t = s, then s = c                      1, 2, 4
+ *   32     t = half s + half b  t = s, then s = half s + half c        1, 2, 4
+ *   64     t = s + b            s = s + c and t the same               1, 2, 4
+ *   128    t = s - b            s = s - c and t the same               1, 2, 4
+ *   8192   t = s * b            t = s * c                              all
+ *   16384  nothing              useBlendSource 0: t = s, then s *= c   1, 2, 4, 5
+ *   1024   t = s * b            nothing                                1, 2, 4
+ * The arithmetic is that of DRAW_HALF, DRAW_ADD, DRAW_SUB and DRAW_MULT with c packed for the format,
+ * except that half s + half b in format 2 is (s + b) >> 1 a channel. Copies keep the top byte, results
+ * of arithmetic have it 0.
+ * The caller guarantees that the source may be written in the modes that do so, that source and target
+ * then do not overlap, and that b covers the pixels of the source that are drawn.
+ */
+BRSL_API void BRSL_CALL BRSL_BlitFX(int32_t sx1, int32_t sy1, int32_t sx2, int32_t sy2, int32_t dx,
+                                    int32_t dy, uint32_t blitFlags, uint32_t blitMaskColour,
+                                    uint32_t fxMode, uint32_t fxColour, uint32_t useBlendSource,
+                                    int32_t reserved);
+
+/* ---- Strips --------------------------------------------------------------------------------
+ *
+ * Lines of one pixel along a row or a column of the target, clipped to the viewport and written
+ * plainly. They cover the pixels from the lower end (included) to the higher one (excluded); ends may
+ * be given in either order, each with its own values. Values step by trunc((end - start) / n) a
+ * pixel, n pixels being the whole length.
+ */
+
+/*
+ * Draws row y from x1 to x2 with a colour that runs from colour1 to colour2 (0x00RRGGBB, channels
+ * stepped in 16.16). The top byte of 32-bit pixels is written as 0.
+ */
+BRSL_API void BRSL_CALL BRSL_HoriGouraudStrip(int32_t x1, uint32_t colour1, int32_t x2,
+                                              uint32_t colour2, int32_t y);
+
+/*
+ * Draws column x from y1 to y2 with a colour that runs from colour1 to colour2, as
+ * BRSL_HoriGouraudStrip does a row.
+ */
+BRSL_API void BRSL_CALL BRSL_VertGouraudStrip(int32_t y1, uint32_t colour1, int32_t y2,
+                                              uint32_t colour2, int32_t x);
+
+/*
+ * Copies texels of a texture to row y from x1 with texel coordinates (uA, vA) to x2 with (uB, vB).
+ * texture: a surface of the target's format; null, or pixels of another size, draw nothing. uA, vA, uB,
+ * vB: 16.16 texels, first clamped to 0 .. (width - 1) * 65536 and 0 .. (height - 1) * 65536; a texture
+ * without width or height draws nothing. Texels are copied unchanged.
+ */
+BRSL_API void BRSL_CALL BRSL_HoriTextureStrip(const BRSL_SurfaceDesc *texture, int32_t x1,
+                                              int32_t uA, int32_t vA, int32_t x2, int32_t uB,
+                                              int32_t vB, int32_t y);
+
+/*
+ * Copies texels of a texture to column x from y1 with (uA, vA) to y2 with (uB, vB), as
+ * BRSL_HoriTextureStrip does to a row.
+ */
+BRSL_API void BRSL_CALL BRSL_VertTextureStrip(const BRSL_SurfaceDesc *texture, int32_t y1,
+                                              int32_t uA, int32_t vA, int32_t y2, int32_t uB,
+                                              int32_t vB, int32_t x);
 
 #ifdef __cplusplus
 }

@@ -160,6 +160,9 @@ struct Xrgb32 {
 
 struct Argb32 : Xrgb32 {};
 
+// Not a format of buffers: texels, whose four bytes are all channels.
+struct Texel32 : Xrgb32 {};
+
 template <class... T>
 struct TypeList {
   static constexpr int kSize = sizeof...(T);
@@ -181,6 +184,11 @@ R WithFormat(int32_t code, R otherwise, F f) {
     case BRSL_FORMAT_A32: return f(Argb32{});
     default: return otherwise;
   }
+}
+
+// 0 for codes that are no format.
+inline int BytesPerPixel(int32_t code) {
+  return WithFormat(code, 0, [](auto f) { return f.kBytes; });
 }
 
 // A colour in the storage of a target; other codes leave it unchanged.

@@ -24,11 +24,15 @@ BRISAL_INLINE V EachSmallChannel(V d, V s, Op op) {
          B::FromSmall(op(B::Small(d), B::Small(s), B::kSmallMax));
 }
 
-// Clears the top byte of 32-bit pixels; other formats have none.
+// The bits of a 32-bit pixel that are channels.
+template <class F>
+constexpr uint32_t kChannels32 = std::is_same_v<F, Texel32> ? 0xFFFFFFFF : 0xFFFFFF;
+
+// Clears the top byte of 32-bit pixels where it is no channel; other formats have none.
 template <class F, class V>
 BRISAL_INLINE V WithoutTopByte(V pixels) {
-  if constexpr (F::kBytes == 4) {
-    return As<uint8_t>(As<uint32_t>(pixels) & 0xFFFFFFu);
+  if constexpr (F::kBytes == 4 && kChannels32<F> != 0xFFFFFFFF) {
+    return As<uint8_t>(As<uint32_t>(pixels) & kChannels32<F>);
   } else {
     return pixels;
   }
@@ -106,8 +110,8 @@ struct Half : Reading<F> {
     } else if constexpr (F::kBytes == 3) {
       return (d & s) + ((d ^ s) >> 1);
     } else {
-      return As<uint8_t>(((As<uint32_t>(d) >> 1) & 0x7F7F7Fu) +
-                         ((As<uint32_t>(s) >> 1) & 0x7F7F7Fu));
+      constexpr uint32_t kHalves = kChannels32<F> & 0x7F7F7F7F;
+      return As<uint8_t>(((As<uint32_t>(d) >> 1) & kHalves) + ((As<uint32_t>(s) >> 1) & kHalves));
     }
   }
 };

@@ -57,45 +57,47 @@ BRISAL_INLINE G TargetOr(const G &source, const uint8_t *p) {
 // A run shorter than a group: two narrower groups that overlap in the middle, both read before
 // either is written. So hardly any length needs single pixels.
 template <class F, int VectorBytes, class R, class Source>
-BRISAL_INLINE void CombineShortRun(uint8_t *p, ptrdiff_t n, const R &rule, const Source &source) {
+BRISAL_INLINE void CombineShortRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
+                                   const Source &source) {
   using G = Group<F, VectorBytes>;
   if (n >= G::kPixels) {
     const ptrdiff_t last = n - G::kPixels;
-    uint8_t *end = p + last * F::kBytes;
+    const ptrdiff_t end = last * F::kBytes;
     const auto cursor = source.template Start<VectorBytes>();
     const G headSource = cursor.Get();
     const G tailSource = cursor.Ahead(last);
-    const G head = G::Combine(rule, TargetOr<R>(headSource, p), headSource);
-    const G tail = G::Combine(rule, TargetOr<R>(tailSource, end), tailSource);
-    head.Store(p);
-    tail.Store(end);
+    const G head = G::Combine(rule, TargetOr<R>(headSource, from), headSource);
+    const G tail = G::Combine(rule, TargetOr<R>(tailSource, from + end), tailSource);
+    head.Store(to);
+    tail.Store(to + end);
     return;
   }
   if constexpr (VectorBytes > 4) {
-    CombineShortRun<F, VectorBytes / 2>(p, n, rule, source);
+    CombineShortRun<F, VectorBytes / 2>(to, from, n, rule, source);
   } else {
-    for (ptrdiff_t i = 0; i < n; ++i, p += F::kBytes) {
-      const auto pixel = rule(LoadOne<F>(p), source.One(i));
-      std::memcpy(p, &pixel, F::kBytes);
+    for (ptrdiff_t i = 0; i < n; ++i) {
+      const auto pixel = rule(LoadOne<F>(from + i * F::kBytes), source.One(i));
+      std::memcpy(to + i * F::kBytes, &pixel, F::kBytes);
     }
   }
 }
 
-// Combines the n >= 1 pixels at p. The last group overlaps the one before it; it is read before
-// anything is written.
+// Combines the n >= 1 pixels at `from` with the source and stores them at `to`, mostly the same
+// place. The last group overlaps the one before it; it is read before anything is written.
 template <class F, int VectorBytes, class R, class Source>
-BRISAL_INLINE void CombineRun(uint8_t *p, ptrdiff_t n, const R &rule, const Source &source) {
+BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
+                              const Source &source) {
   using G = Group<F, VectorBytes>;
-  if (n < G::kPixels) return CombineShortRun<F, VectorBytes / 2>(p, n, rule, source);
+  if (n < G::kPixels) return CombineShortRun<F, VectorBytes / 2>(to, from, n, rule, source);
   const ptrdiff_t last = n - G::kPixels;
-  uint8_t *end = p + last * F::kBytes;
+  uint8_t *const end = to + last * F::kBytes;
   auto cursor = source.template Start<VectorBytes>();
   const G tailSource = cursor.Ahead(last);
-  const G tail = G::Combine(rule, TargetOr<R>(tailSource, end), tailSource);
+  const G tail = G::Combine(rule, TargetOr<R>(tailSource, from + last * F::kBytes), tailSource);
 #pragma GCC unroll 2
-  for (; p < end; p += G::kBytes) {
+  for (; to < end; to += G::kBytes, from += G::kBytes) {
     const G s = cursor.Get();
-    G::Combine(rule, TargetOr<R>(s, p), s).Store(p);
+    G::Combine(rule, TargetOr<R>(s, from), s).Store(to);
     cursor.Advance();
   }
   tail.Store(end);

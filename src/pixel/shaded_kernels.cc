@@ -33,7 +33,7 @@ struct ShadedSpans {
         const ptrdiff_t n = Length(span);
         if (n <= 0 || Vanishes<F, R>(span)) continue;
         uint8_t *row = target.Row(span.y) + ptrdiff_t{span.left} * F::kBytes;
-        CombineRun<F, VectorBytes>(row, n, rule, sources[i]);
+        CombineRun<F, VectorBytes>(row, row, n, rule, sources[i]);
       }
     }
   }

@@ -19,7 +19,8 @@ struct FlatSpans {
       const ptrdiff_t n = Length(*span);
       if (n <= 0) continue;
       uint8_t *row = target.Row(span->y + i * runs.rowStep);
-      CombineRun<F, VectorBytes>(row + ptrdiff_t{span->left} * F::kBytes, n, rule, source);
+      uint8_t *first = row + ptrdiff_t{span->left} * F::kBytes;
+      CombineRun<F, VectorBytes>(first, first, n, rule, source);
     }
   }
 };

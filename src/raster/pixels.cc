@@ -22,10 +22,6 @@ constexpr std::array<Reader, sizeof...(F)> Readers(TypeList<F...>) {
 constexpr auto kReaders =
     Readers(TypeList<Rgb565, Rgb565, Rgb555, Rgb24, Xrgb32, Argb32, Argb32>{});
 
-int BytesPerPixel(int32_t format) {
-  return WithFormat(format, 0, [](auto f) { return f.kBytes; });
-}
-
 }  // namespace
 
 PixelPen::PixelPen(const Canvas &canvas, uint32_t packed, int32_t mode)

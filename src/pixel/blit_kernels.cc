@@ -1,0 +1,89 @@
+#include "pixel/blit_kernels.h"
+
+#include "core/ints.h"
+#include "pixel/blit_rules.h"
+#include "pixel/column.h"
+
+namespace brisal {
+namespace {
+
+// One pixel after the other; the compiler makes vectors of it where the rows do not overlap.
+template <class T, class S, class R>
+struct BlitRows {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const Transfer transfer, uint32_t key) {
+    for (int64_t row = 0; row < transfer.rows; ++row) {
+      uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
+      const uint8_t *from = transfer.from + ByteOffset(row, transfer.fromPitch);
+      for (ptrdiff_t i = 0; i < transfer.width; ++i) {
+        const uint32_t s = S::Load(from + i * S::kBytes);
+        const uint32_t d = R::kReadsTarget ? T::Load(to + i * T::kBytes) : 0;
+        T::Store(to + i * T::kBytes, R::Combine(d, s, key));
+      }
+    }
+  }
+};
+
+// Pixels that keep their bytes. Where the rows overlap, as copying one pixel after the other does.
+template <int PixelBytes>
+void CopyRows(Transfer transfer, uint32_t) {
+  const size_t bytes = static_cast<size_t>(transfer.width) * PixelBytes;
+  for (int64_t row = 0; row < transfer.rows; ++row) {
+    uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
+    const uint8_t *from = transfer.from + ByteOffset(row, transfer.fromPitch);
+    const uintptr_t ahead = reinterpret_cast<uintptr_t>(to) - reinterpret_cast<uintptr_t>(from);
+    if (ahead == 0 || ahead >= bytes) {
+      std::memmove(to, from, bytes);
+      continue;
+    }
+    for (size_t i = 0; i < bytes; i += PixelBytes) std::memmove(to + i, from + i, PixelBytes);
+  }
+}
+
+template <class T, class S, class R>
+BlitKernel Pick(bool wide) {
+  return Kernels<Transfer, uint32_t>::Of<BlitRows<T, S, R>>().columns[wide];
+}
+
+// Pairs that take no flag but transparency.
+template <class T, class S>
+constexpr bool kStrict = std::is_same_v<T, S> ||
+                         (std::is_same_v<T, Xrgb32> && std::is_same_v<S, Argb32>);
+
+template <class T, class S>
+BlitKernel Find(bool wide, uint32_t flags) {
+  const bool transparent = (flags & 1) != 0;
+  const bool others = (flags & ~1u) != 0;
+  if (std::is_same_v<T, Argb32> && !std::is_same_v<S, Argb32>) return nullptr;
+  if (kStrict<T, S> && others) return nullptr;
+  if (!transparent) {
+    if constexpr (kSameStorage<T, S>) return &CopyRows<T::kBytes>;
+    return Pick<T, S, CopyPixel<T, S>>(wide);
+  }
+  if constexpr (std::is_same_v<S, Argb32> && !std::is_same_v<T, Argb32>) {
+    if (others) return nullptr;
+    if constexpr (T::kBytes == 4) return Pick<T, S, BlendAlphaUnlessKey<T>>(wide);
+    return Pick<T, S, BlendAlpha<T>>(wide);
+  } else if constexpr (std::is_same_v<S, Rgb24> && T::kBytes == 2) {
+    return Pick<T, S, CopyUnlessConvertedKey<T, S>>(wide);
+  } else {
+    return Pick<T, S, CopyUnlessKey<T, S>>(wide);
+  }
+}
+
+}  // namespace
+
+BlitKernel FindBlitKernel(bool wide, int32_t target, int32_t source, uint32_t flags) {
+  const BlitKernel none = nullptr;
+  return WithFormat(target, none, [&](auto t) {
+    return WithFormat(source, none,
+                      [&](auto s) { return Find<decltype(t), decltype(s)>(wide, flags); });
+  });
+}
+
+uint32_t BlitKey(int32_t target, int32_t source, uint32_t maskColour) {
+  // A 24-bit source is compared as what it becomes.
+  return PackColour(maskColour, source == BRSL_FORMAT_RGB ? target : source);
+}
+
+}  // namespace brisal

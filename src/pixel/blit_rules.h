@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <type_traits>
+
+#include "pixel/format.h"
+
+// What a blit makes of a stored source pixel s and the target pixel d that it lands on.
+
+namespace brisal {
+
+template <class T, class S>
+constexpr bool kSameStorage = std::is_same_v<T, S> || (T::kBytes == 4 && S::kBytes == 4);
+
+template <class T, class S>
+BRISAL_INLINE uint32_t Convert(uint32_t s) {
+  if constexpr (kSameStorage<T, S>) return s;
+  return T::Pack(S::Widen(s));
+}
+
+template <class T, class S>
+struct CopyPixel {
+  static constexpr bool kReadsTarget = false;
+
+  BRISAL_INLINE static uint32_t Combine(uint32_t, uint32_t s, uint32_t) { return Convert<T, S>(s); }
+};
+
+// Leaves out the pixels whose stored source value is the key.
+template <class T, class S>
+struct CopyUnlessKey {
+  static constexpr bool kReadsTarget = true;
+
+  BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t key) {
+    return s == key ? d : Convert<T, S>(s);
+  }
+};
+
+// Leaves out the pixels whose converted value is the key.
+template <class T, class S>
+struct CopyUnlessConvertedKey {
+  static constexpr bool kReadsTarget = true;
+
+  BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t key) {
+    const uint32_t converted = Convert<T, S>(s);
+    return converted == key ? d : converted;
+  }
+};
+
+// d + floor((s - d) * a / 2^Bits) on the channel under `mask`, whose product may use all 32 bits.
+template <int Bits>
+BRISAL_INLINE uint32_t BlendField(uint32_t d, uint32_t s, uint32_t a, uint32_t mask) {
+  const uint32_t one = 1u << Bits;
+  return (((d & mask) * (one - a) + (s & mask) * a) >> Bits) & mask;
+}
+
+// Blends a source by its own alpha, taken at the target's precision.
+template <class T>
+struct BlendAlpha {
+  static constexpr bool kReadsTarget = true;
+  static constexpr int kBits = std::is_same_v<T, Rgb565> ? 6 : std::is_same_v<T, Rgb555> ? 5 : 8;
+  static constexpr uint32_t kOpaque = kBits == 8 ? 254 : (1u << kBits) - 1;
+
+  BRISAL_INLINE static uint32_t Blend(uint32_t d, uint32_t s, uint32_t a) {
+    if constexpr (T::kBytes == 2) {
+      const uint32_t p = T::Pack(s);
+      return BlendField<kBits>(d, p, a, T::Red::kMask) |
+             BlendField<kBits>(d, p, a, T::Green::kMask) |
+             BlendField<kBits>(d, p, a, T::Blue::kMask);
+    } else {
+      return BlendField<kBits>(d, s, a, 0xFF00FF) | BlendField<kBits>(d, s, a, 0xFF00);
+    }
+  }
+
+  BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t) {
+    const uint32_t a = s >> (32 - kBits);
+    const uint32_t blended = Blend(d, s, a);
+    const uint32_t shown = a >= kOpaque ? Convert<T, Argb32>(s) : blended;
+    return a == 0 ? d : shown;
+  }
+};
+
+// The same, leaving out the mask colour too.
+template <class T>
+struct BlendAlphaUnlessKey {
+  static constexpr bool kReadsTarget = true;
+
+  BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t key) {
+    return s == key ? d : BlendAlpha<T>::Combine(d, s, key);
+  }
+};
+
+}  // namespace brisal
