@@ -1,0 +1,71 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "brisal/brisal.h"
+
+namespace brisal::bench {
+
+enum class Kind { kBox, kStrip, kTriangle, kGouraudTriangle, kShadeBox, kDisc, kRing, kLine };
+
+// One row of the table: a drawing job that several libraries may know how to do.
+struct Job {
+  Kind kind;
+  int width;
+  int height;
+  int format;  // BRSL_FORMAT_*
+  int mode;    // DRAW_*
+
+  std::string Name() const;
+  bool IsGouraud() const { return kind == Kind::kGouraudTriangle || kind == Kind::kShadeBox; }
+  bool IsRectangle() const {
+    return kind == Kind::kBox || kind == Kind::kStrip || kind == Kind::kShadeBox;
+  }
+  int Radius() const { return width / 2; }
+};
+
+struct Point {
+  int x;
+  int y;
+};
+
+// Low bits are 0, so that packing loses nothing, and no two bytes are equal, so that no byte fill
+// will do.
+constexpr uint32_t kInk = 0xFF48A0E0;
+constexpr int kInkAlpha = 100;
+constexpr std::array<uint32_t, 4> kCornerColours = {0xF04010, 0x20F040, 0x1030E0, 0xE0E020};
+
+// The top-left corner of the job's shape in its i-th repetition: small shapes wander, as they do in
+// programs, so that no alignment is the only one measured.
+Point SpotOf(const Job &job, unsigned i);
+
+// The corners of a triangle job, relative to its spot.
+std::array<Point, 3> CornersOf(const Job &job);
+
+// How opaquely a peer has to blend to draw what DRAW_ALPHA and DRAW_HALF draw; 255 for other modes.
+int OpacityOf(const Job &job);
+
+// One way to do a job. draw(i) does its i-th repetition; prepare and finish are not measured.
+struct Contender {
+  std::string name;
+  std::function<void(unsigned)> draw;
+  std::function<void()> prepare = [] {};
+  std::function<void()> finish = [] {};
+};
+
+struct Canvas;
+
+// A library that may know how to do a job on a canvas; if not, it offers nothing.
+class Peer {
+ public:
+  using Offer = std::vector<Contender> (*)(const Job &, const Canvas &);
+
+  explicit Peer(Offer offer) { Offers().push_back(offer); }
+  static std::vector<Offer> &Offers();
+};
+
+}  // namespace brisal::bench

@@ -1,0 +1,131 @@
+#define ALLEGRO_NO_MAGIC_MAIN
+#include <allegro.h>
+
+#include <memory>
+
+#include "bench/canvas.h"
+
+namespace brisal::bench {
+namespace {
+
+using Bitmap = std::shared_ptr<BITMAP>;
+
+bool Start() {
+  if (install_allegro(SYSTEM_NONE, &errno, nullptr) != 0) return false;
+  _rgb_r_shift_15 = 10, _rgb_g_shift_15 = 5, _rgb_b_shift_15 = 0;
+  _rgb_r_shift_16 = 11, _rgb_g_shift_16 = 5, _rgb_b_shift_16 = 0;
+  _rgb_r_shift_24 = 0, _rgb_g_shift_24 = 8, _rgb_b_shift_24 = 16;
+  _rgb_r_shift_32 = 16, _rgb_g_shift_32 = 8, _rgb_b_shift_32 = 0, _rgb_a_shift_32 = 24;
+  return true;
+}
+
+int DepthOf(const Canvas &canvas) {
+  return canvas.format == BRSL_FORMAT_555 ? 15 : canvas.bytesPerPixel * 8;
+}
+
+// A bitmap reaches its pixels through its row pointers: led to the canvas, it draws there.
+Bitmap BitmapOf(const Canvas &canvas) {
+  Bitmap bitmap(create_bitmap_ex(DepthOf(canvas), Canvas::kWidth, Canvas::kHeight), destroy_bitmap);
+  for (int y = 0; bitmap && y < Canvas::kHeight; ++y) bitmap->line[y] = canvas.At(0, y);
+  return bitmap;
+}
+
+void SetMode(const Job &job) {
+  switch (job.mode) {
+    case DRAW_XOR: drawing_mode(DRAW_MODE_XOR, nullptr, 0, 0); return;
+    case DRAW_ALPHA:
+    case DRAW_HALF: set_trans_blender(0, 0, 0, OpacityOf(job)); break;
+    case DRAW_ADD: set_add_blender(0, 0, 0, 255); break;
+    case DRAW_MULT: set_multiply_blender(0, 0, 0, 255); break;
+    default: drawing_mode(DRAW_MODE_SOLID, nullptr, 0, 0); return;
+  }
+  drawing_mode(DRAW_MODE_TRANS, nullptr, 0, 0);
+}
+
+bool HasMode(const Job &job) {
+  switch (job.mode) {
+    case DRAW_SUB:
+    case DRAW_REVSUB:
+    case DRAW_AND:
+    case DRAW_OR: return false;
+    default: return !job.IsGouraud() || job.mode == DRAW_SOLID;
+  }
+}
+
+V3D_f VertexOf(Point corner, Point spot, uint32_t colour) {
+  V3D_f vertex{};
+  vertex.x = static_cast<float>(corner.x + spot.x);
+  vertex.y = static_cast<float>(corner.y + spot.y);
+  vertex.c = static_cast<int>(colour);
+  return vertex;
+}
+
+void DrawGouraudTriangle(BITMAP *bitmap, const std::array<Point, 3> &corners, Point spot) {
+  V3D_f a = VertexOf(corners[0], spot, kCornerColours[0]);
+  V3D_f b = VertexOf(corners[1], spot, kCornerColours[1]);
+  V3D_f c = VertexOf(corners[2], spot, kCornerColours[2]);
+  triangle3d_f(bitmap, POLYTYPE_GRGB, nullptr, &a, &b, &c);
+}
+
+void DrawTriangle(BITMAP *bitmap, const std::array<Point, 3> &corners, Point spot, int ink) {
+  const auto &[a, b, c] = corners;
+  triangle(bitmap, a.x + spot.x, a.y + spot.y, b.x + spot.x, b.y + spot.y, c.x + spot.x,
+           c.y + spot.y, ink);
+}
+
+std::function<void(unsigned)> Drawing(const Job &job, const Bitmap &bitmap) {
+  const int ink = makecol_depth(bitmap_color_depth(bitmap.get()), kInk >> 16 & 0xFF,
+                                kInk >> 8 & 0xFF, kInk & 0xFF);
+  const int r = job.Radius();
+  switch (job.kind) {
+    case Kind::kBox:
+      return [=](unsigned i) {
+        const auto [x, y] = SpotOf(job, i);
+        rectfill(bitmap.get(), x, y, x + job.width - 1, y + job.height - 1, ink);
+      };
+    case Kind::kStrip:
+      return [=](unsigned i) {
+        const auto [x, y] = SpotOf(job, i);
+        hline(bitmap.get(), x, y, x + job.width - 1, ink);
+      };
+    case Kind::kLine:
+      return [=](unsigned i) {
+        const auto [x, y] = SpotOf(job, i);
+        fastline(bitmap.get(), x, y, x + job.width - 1, y + job.height - 1, ink);
+      };
+    case Kind::kDisc:
+      return [=](unsigned i) {
+        const auto [x, y] = SpotOf(job, i);
+        circlefill(bitmap.get(), x + r, y + r, r - 1, ink);
+      };
+    case Kind::kRing:
+      return [=](unsigned i) {
+        const auto [x, y] = SpotOf(job, i);
+        circle(bitmap.get(), x + r, y + r, r - 1, ink);
+      };
+    case Kind::kTriangle:
+      return [=, corners = CornersOf(job)](unsigned i) {
+        DrawTriangle(bitmap.get(), corners, SpotOf(job, i), ink);
+      };
+    case Kind::kGouraudTriangle:
+      return [=, corners = CornersOf(job)](unsigned i) {
+        DrawGouraudTriangle(bitmap.get(), corners, SpotOf(job, i));
+      };
+    default: return nullptr;
+  }
+}
+
+std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
+  static const bool started = Start();
+  if (!started || !HasMode(job)) return {};
+  const Bitmap bitmap = BitmapOf(canvas);
+  if (!bitmap) return {};
+  std::function<void(unsigned)> draw = Drawing(job, bitmap);
+  if (!draw) return {};
+  return {{"Allegro", draw, [job] { SetMode(job); }}};
+}
+
+const Peer kAllegro(Offer);
+
+}  // namespace
+}  // namespace brisal::bench
