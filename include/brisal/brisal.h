@@ -51,7 +51,7 @@
  *               dropping low bits. Offered in DRAW_NORMAL, DRAW_SOLID, DRAW_HALF, DRAW_ADD,
  *               DRAW_SUB, DRAW_MULT and DRAW_REVSUB; other modes draw nothing. The top byte is
  *               written as 0, except that DRAW_ADD and DRAW_SUB leave a row alone whose two
- *               colours are both 0.
+ *               colours are both black at the format's precision.
  * Threads       None. The library's state is one for the process; calls must not overlap.
  */
 #ifndef BRISAL_BRISAL_H
@@ -117,6 +117,36 @@ typedef struct BRSL_SurfaceDesc {
   int32_t viewRight;
   int32_t viewBottom;
 } BRSL_SurfaceDesc;
+
+/*
+ * A texel pipeline: how the texels of a texture become pixels of the target. Make one with TPD_Alloc
+ * or TPD_BuildSpriteDrawMode; its fields may be read, and changed through the setters.
+ */
+#define TPD_MAX_EFFECTS 32
+#define TPD_TEXELS 0  /* buffer codes of TPD_AddTexelEffect: the texels of the span, */
+#define TPD_GOURAUD 1 /* and its Gouraud colours */
+
+typedef struct TPD_TexelEffect {
+  int32_t code; /* 0 ends the chain */
+  int32_t input;
+  int32_t output;
+  uint32_t a;
+  uint32_t b;
+  uint32_t c;
+  uint32_t d;
+} TPD_TexelEffect;
+
+typedef struct TPD_Pipeline {
+  int32_t maskFlag; /* 1: mask-coloured texels, and texels by their alpha, let the target through */
+  int32_t filterFlag;      /* 1: bilinear filtering */
+  int32_t maskCompression; /* 1: mask-coloured texels are cut out while fetching */
+  int32_t effectCount;     /* 0-32 */
+  TPD_TexelEffect effects[TPD_MAX_EFFECTS];
+  int32_t outputEffect;   /* 0-5; 0 draws nothing */
+  int32_t outputArgument; /* kept with the output effect, not used */
+  int32_t outputLevel;    /* 1-253 for output effect 2, else 0 */
+  int32_t gouraudState;   /* 1: the vertices' colours are interpolated for the effects */
+} TPD_Pipeline;
 
 #ifdef __cplusplus
 extern "C" {
@@ -715,6 +745,201 @@ BRSL_API void BRSL_CALL BRSL_HoriTextureStrip(const BRSL_SurfaceDesc *texture, i
 BRSL_API void BRSL_CALL BRSL_VertTextureStrip(const BRSL_SurfaceDesc *texture, int32_t y1,
                                               int32_t uA, int32_t vA, int32_t y2, int32_t uB,
                                               int32_t vB, int32_t x);
+
+/* ---- Texel pipelines -----------------------------------------------------------------------
+ *
+ * A textured span is drawn in stages: texels are fetched (point-sampled or filtered, mask-coloured ones
+ * cut out or not), Gouraud colours are made for them where the pipeline asks for it, the texel effects
+ * run over them in order, and the output effect writes them. Texels are 0xAARRGGBB; those of formats
+ * 1 to 3 are widened as by BRSL_Point, those of formats 4 and 5 are taken as stored. Each of their four
+ * bytes is a channel.
+ *
+ * Texel effects (in = the entry of the input buffer, out = the entry of the output buffer, a, b, c =
+ * the arguments; byte by byte unless said otherwise):
+ *   1  out = in * a >> 8                  7  out = out * in >> 8
+ *   2  out = min(in + a, 255)             10 out = a
+ *   3  out = max(in - a, 0)               11 out = in & a
+ *   4  out = (in * B + a * W) >> 8,       12 out = in | a
+ *      B = b & 255, W = (256 - B) & 255   15 out = c where in = a in all 32 bits, else in
+ *   5  out = (out >> 1) + (in >> 1)       other codes do nothing
+ *   6  out = min(out + in, 255)
+ *
+ * With the mask flag 0 texels are written plainly whatever the output effect (but for effect 3 on
+ * 32-bit targets, which halves), and texels cut out are written in the mask colour at the texture's
+ * precision; a span whose texels are all cut out draws nothing.
+ * With the mask flag 1 texels that were cut out leave the target as it is, and the others
+ *   of a texture of format 5   are blended by their own alpha, whatever the output effect: on targets of
+ *                              24 and 32 bits a = alpha, 0 draws nothing, 253 and more copies, else each
+ *                              channel is d + floor((t - d) * a / 256), the top byte 0; on 16-bit
+ *                              targets a = alpha >> 3, 29 and more copies, and the channels widened to
+ *                              8 bits are blended by a / 32;
+ *   of any other               meet the target by the output effect:
+ *     1 plain     t
+ *     2 level     d + floor((t - d) * level / 256)
+ *     3 half      (t >> 1) + (d >> 1), the top byte of 32-bit pixels 0
+ *     4 add       min(d + t, channel maximum)
+ *     5 subtract  max(d - t, 0)
+ *   on the channels of the target's format; in 32 bits the top byte is one of them unless said
+ *   otherwise.
+ * Where texture and target both have format 4 and the pipeline is plain (output effect 1, no filter, no
+ * texel effects), the mask flag 1 leaves out the texels that are the mask colour even without
+ * compression.
+ *
+ * Bilinear filtering weighs the texel, its neighbours to the right and below and the diagonal one by
+ * bits 8-15 of u and v: lerp(a, b, f) = a + floor((b - a) * f / 256) a byte, first across, then down.
+ * The last column and row are repeated. With mask compression, neighbours of the mask colour count as
+ * 0.
+ */
+
+/*
+ * Makes a pipeline: plain output, mask compression on, everything else off; TPD_Free releases it.
+ * Returns null when there is no memory.
+ */
+BRSL_API TPD_Pipeline *BRSL_CALL TPD_Alloc(void);
+
+/*
+ * Releases a pipeline; null is ignored.
+ * Returns 0.
+ */
+BRSL_API int32_t BRSL_CALL TPD_Free(TPD_Pipeline *pipeline);
+
+/*
+ * Appends a texel effect to pipeline while it has fewer than 32; null is ignored.
+ * code: see above; not checked, codes without an effect do nothing, and 0 ends the chain. inputBuffer,
+ * outputBuffer: TPD_TEXELS or TPD_GOURAUD (bit 0 counts). a, b, c, d: the arguments; d is not used.
+ * Without Gouraud colours in the pipeline their buffer holds those of the last span that had them.
+ * Returns 0.
+ */
+BRSL_API int32_t BRSL_CALL TPD_AddTexelEffect(TPD_Pipeline *pipeline, int32_t code,
+                                              int32_t inputBuffer, int32_t outputBuffer, uint32_t a,
+                                              uint32_t b, uint32_t c, uint32_t d);
+
+/*
+ * Sets the output effect of pipeline.
+ * code: 1-5; any other makes it draw nothing. argument: kept. level: for code 2; 0 draws nothing,
+ * 1-253 is the weight of the texel in 256, anything else (negative too) makes it code 1.
+ * Returns 1 for a code of 1-5, 0 for any other and for null.
+ */
+BRSL_API int32_t BRSL_CALL TPD_SetOutputEffect(TPD_Pipeline *pipeline, int32_t code,
+                                               int32_t argument, int32_t level);
+
+/*
+ * Turns mask compression of pipeline on or off: stores on & 1. Null is ignored.
+ */
+BRSL_API void BRSL_CALL TPD_SetMaskCompression(TPD_Pipeline *pipeline, int32_t on);
+
+/*
+ * Returns the mask compression of pipeline, 0 or 1; 0 for null.
+ */
+BRSL_API int32_t BRSL_CALL TPD_GetMaskCompression(const TPD_Pipeline *pipeline);
+
+/*
+ * Returns 1 when pipeline makes Gouraud colours, else 0; 0 for null.
+ */
+BRSL_API int32_t BRSL_CALL TPD_GetGouruaudState(const TPD_Pipeline *pipeline);
+
+/*
+ * Rebuilds the mask flag, filter flag, Gouraud state and effects of pipeline from a sprite draw mode;
+ * compression and output effect stay.
+ * spriteMode: bit 0 is the mask flag, bit 31 the filter flag; the other bits append effects in this
+ * order: 0x40: 1 (a = level); 0x400: 10 (a = colour); 0x800: 4 (a = colour, b = level), or 10 (a =
+ * colour) for a level below 1, or none for one of 255 and more; 0x1000: 2; 0x2000: 3; 0x10000: 11;
+ * 0x20000: 12 (a = colour each); 0x4000: 15 (a = colour, c = level); 0x80: 7, 0x100: 5, 0x200: 6
+ * (from the Gouraud buffer to the texels; these set the Gouraud state). tint: unless its low 20 bits
+ * are all set, effect 1 (a = tint) comes first.
+ * colour, level: the arguments named above.
+ * Returns 1; 0 for null.
+ */
+BRSL_API int32_t BRSL_CALL TPD_UpdateSpriteDrawMode(TPD_Pipeline *pipeline, uint32_t spriteMode,
+                                                    uint32_t tint, uint32_t colour, int32_t level);
+
+/*
+ * Makes a pipeline by TPD_Alloc and fills it by TPD_UpdateSpriteDrawMode with spriteMode, tint, colour
+ * and level.
+ * Returns null when there is no memory.
+ */
+BRSL_API TPD_Pipeline *BRSL_CALL TPD_BuildSpriteDrawMode(uint32_t spriteMode, uint32_t tint,
+                                                         uint32_t colour, int32_t level);
+
+/* ---- Textured polygons ---------------------------------------------------------------------
+ *
+ * Textures are mapped in straight lines, without perspective. Texel coordinates are clamped to the
+ * texture (0 .. width - 1, 0 .. height - 1, in the vertex list itself) and stepped in 16.16 down the
+ * edges and across each row; like colours they are not restarted at a vertex. A null texture or
+ * pipeline draws nothing, nor does a texture without width or height or of a format outside 1-5. The
+ * viewport of the texture's descriptor does not matter. The caller guarantees that the texture's
+ * pixels may be read, and that they are not the target's.
+ */
+
+/*
+ * Draws the textured polygon that the first count slots of the vertex list hold (x, y, u, v and, where
+ * the pipeline makes Gouraud colours, colour).
+ * texture: a surface. count: 2-8; any other draws nothing. pipeline: how texels become pixels.
+ * u and v start at the texel's corner, so a row shows the texels up to, but not including, the one at
+ * its excluded right end.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawTexturedPoly(const BRSL_SurfaceDesc *texture, int32_t count,
+                                              const TPD_Pipeline *pipeline);
+
+/*
+ * Draws a textured triangle: stores three vertices (x0, y0) .. (x2, y2) with their texel columns and
+ * rows (tu0, tv0) .. (tu2, tv2) in slots 0 to 2 and calls BRSL_DrawTexturedPoly(texture, 3, pipeline).
+ */
+BRSL_API void BRSL_CALL BRSL_TriT(const BRSL_SurfaceDesc *texture, int32_t x0, int32_t y0,
+                                  int32_t tu0, int32_t tv0, int32_t x1, int32_t y1, int32_t tu1,
+                                  int32_t tv1, int32_t x2, int32_t y2, int32_t tu2, int32_t tv2,
+                                  const TPD_Pipeline *pipeline);
+
+/*
+ * Draws a textured convex quad; as BRSL_TriT with four vertices.
+ */
+BRSL_API void BRSL_CALL BRSL_QuadT(const BRSL_SurfaceDesc *texture, int32_t x0, int32_t y0,
+                                   int32_t tu0, int32_t tv0, int32_t x1, int32_t y1, int32_t tu1,
+                                   int32_t tv1, int32_t x2, int32_t y2, int32_t tu2, int32_t tv2,
+                                   int32_t x3, int32_t y3, int32_t tu3, int32_t tv3,
+                                   const TPD_Pipeline *pipeline);
+
+/*
+ * Draws a whole texture unscaled, its first texel at (x, y), clipped to the viewport.
+ * texture, pipeline: as for BRSL_DrawTexturedPoly. Gouraud colours are white.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawTexture(const BRSL_SurfaceDesc *texture, int32_t x, int32_t y,
+                                         const TPD_Pipeline *pipeline);
+
+/* ---- Sprites ------------------------------------------------------------------------------- */
+
+/*
+ * Draws the polygon that the first count slots of the vertex list hold as a sprite: as
+ * BRSL_DrawTexturedPoly, but texel coordinates name texel centres, both ends of a row show exactly the
+ * end texels, rows narrower than two pixels are left out, and where both sides end on one row at
+ * different x that row is drawn too (and ends the polygon).
+ * texture, count, pipeline: as there.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawSpritePoly(const BRSL_SurfaceDesc *texture, int32_t count,
+                                            const TPD_Pipeline *pipeline);
+
+/*
+ * Draws a sprite on a quad: stores the vertices (x0, y0) .. (x3, y3) with their texel columns and rows
+ * (tu0, tv0) .. (tu3, tv3).
+ * texture, pipeline: as for BRSL_DrawTexturedPoly. split: 0 draws one polygon of four vertices, 1 the
+ * triangles (0, 1, 2) and (0, 2, 3); any other draws nothing.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawSpriteQuad(const BRSL_SurfaceDesc *texture, int32_t x0, int32_t y0,
+                                            int32_t tu0, int32_t tv0, int32_t x1, int32_t y1,
+                                            int32_t tu1, int32_t tv1, int32_t x2, int32_t y2,
+                                            int32_t tu2, int32_t tv2, int32_t x3, int32_t y3,
+                                            int32_t tu3, int32_t tv3, const TPD_Pipeline *pipeline,
+                                            int32_t split);
+
+/*
+ * BRSL_DrawSpriteQuad that also stores the vertices' colours (0x00RRGGBB), for pipelines that make
+ * Gouraud colours.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawSpriteRGBQuad(
+    const BRSL_SurfaceDesc *texture, int32_t x0, int32_t y0, int32_t tu0, int32_t tv0,
+    uint32_t colour0, int32_t x1, int32_t y1, int32_t tu1, int32_t tv1, uint32_t colour1,
+    int32_t x2, int32_t y2, int32_t tu2, int32_t tv2, uint32_t colour2, int32_t x3, int32_t y3,
+    int32_t tu3, int32_t tv3, uint32_t colour3, const TPD_Pipeline *pipeline, int32_t split);
 
 #ifdef __cplusplus
 }

@@ -5,6 +5,7 @@
 #include "core/canvas.h"
 #include "core/quarter_circle.h"
 #include "core/span.h"
+#include "core/texel_buffer.h"
 #include "core/vertex_list.h"
 
 namespace brisal {
@@ -24,6 +25,7 @@ struct State {
   QuarterCircle quarterCircle;
   SpanBuffer spans;
   VertexList vertices;
+  GouraudBuffer gouraud;
 };
 
 }  // namespace brisal

@@ -196,4 +196,13 @@ inline uint32_t PackColour(uint32_t colour, int32_t format) {
   return WithFormat(format, colour, [colour](auto f) { return f.Pack(colour); });
 }
 
+// A mask colour as pixels of a surface store it; 32-bit ones are compared in all bits.
+inline uint32_t MaskAsStored(uint32_t colour, int32_t format) { return PackColour(colour, format); }
+
+// A mask colour as pixels of a surface read, that is, without the bits that the format drops.
+inline uint32_t MaskAsColour(uint32_t colour, int32_t format) {
+  return WithFormat(format, colour,
+                    [colour](auto f) { return f.kBytes == 4 ? colour : colour & f.kPrecision; });
+}
+
 }  // namespace brisal

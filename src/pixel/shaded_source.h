@@ -78,6 +78,13 @@ class Shaded {
       : start_(Fixed(span.leftColour)),
         step_(StepBetween(start_, Fixed(span.rightColour), Length(span))) {}
 
+  // The same span from a later pixel on.
+  BRISAL_INLINE Shaded From(int64_t pixel) const {
+    Shaded later = *this;
+    later.start_ += step_ * Splat<FixedColour>(static_cast<uint32_t>(pixel));
+    return later;
+  }
+
   BRISAL_INLINE auto One(ptrdiff_t i) const {
     const FixedColour c = start_ + step_ * Splat<FixedColour>(static_cast<uint32_t>(i));
     uint8_t stored[4];

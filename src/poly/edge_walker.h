@@ -96,8 +96,16 @@ struct Polygon {
   PolyBounds bounds = {};
 };
 
+// Where a segment between two vertices ends, one past its last row: where the first edge does.
+struct EndAtVertex {
+  template <class Values>
+  static int64_t End(const Chain<Values> &left, const Chain<Values> &right) {
+    return std::min(left.End(), right.End());
+  }
+};
+
 // Calls row(y, left chain, right chain) for each row of the polygon in the view, downwards.
-template <class Values, class Row>
+template <class Values, class SegmentRule = EndAtVertex, class Row>
 void WalkEdges(const Polygon &polygon, const Viewport &view, Row row) {
   const VertexList &list = polygon.list;
   const int count = polygon.count;
@@ -111,7 +119,7 @@ void WalkEdges(const Polygon &polygon, const Viewport &view, Row row) {
 
   for (int segment = 1; segment < count && y < view.bottom; ++segment) {
     if (!left.Enter(y) || !right.Enter(y)) return;
-    const int64_t stop = std::min({left.End(), right.End(), int64_t{view.bottom}});
+    const int64_t stop = std::min<int64_t>(SegmentRule::End(left, right), view.bottom);
     const int64_t above = std::min(stop, int64_t{view.top}) - y;
     if (above > 0) {
       left.Advance(above);

@@ -1,38 +1,11 @@
 #include "pixel/mode.h"
+#include "poly/colour_values.h"
 #include "poly/edge_walker.h"
 #include "poly/fill.h"
 #include "raster/spans.h"
 
 namespace brisal {
 namespace {
-
-// The colour of an edge, its channels in 16.16. At a vertex they carry on from the value reached.
-struct ColourValues {
-  void Start(const VertexList &list, int vertex) {
-    for (int c = 0; c < 3; ++c) channel[c] = Target(list, vertex, c);
-  }
-
-  void AimAt(const VertexList &list, int vertex, int64_t rows) {
-    for (int c = 0; c < 3; ++c) {
-      step[c] = static_cast<int32_t>(Divide(Target(list, vertex, c) - channel[c], rows));
-    }
-  }
-
-  void Advance(int64_t rows) {
-    for (int c = 0; c < 3; ++c) channel[c] += static_cast<int32_t>(rows * step[c]);
-  }
-
-  static int32_t Target(const VertexList &list, int vertex, int c) {
-    return static_cast<int32_t>(list.colour[vertex] >> (16 - 8 * c) & 0xFF) << 16;
-  }
-
-  int32_t Colour() const {
-    return (channel[0] & 0xFF0000) | (channel[1] >> 8 & 0xFF00) | (channel[2] >> 16 & 0xFF);
-  }
-
-  int32_t channel[3] = {};
-  int32_t step[3] = {};
-};
 
 using Side = Chain<ColourValues>;
 
@@ -59,11 +32,7 @@ class ShadedSpanList {
     ColourValues rightColour = r.values;
     const int64_t leftCut = std::max<int64_t>(view.left - left, 0);
     const int64_t rightCut = std::max<int64_t>(right - view.right, 0);
-    for (int c = 0; c < 3; ++c) {
-      const int64_t step = Divide(r.values.channel[c] - l.values.channel[c], right - left);
-      leftColour.channel[c] += static_cast<int32_t>(leftCut * step);
-      rightColour.channel[c] -= static_cast<int32_t>(rightCut * step);
-    }
+    CutColours(leftColour, rightColour, right - left, leftCut, rightCut);
     Add(y, left + leftCut, right - rightCut, leftColour, rightColour);
   }
 

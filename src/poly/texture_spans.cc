@@ -1,0 +1,173 @@
+#include "poly/texture_spans.h"
+
+#include <algorithm>
+
+#include "pixel/format.h"
+#include "pixel/span_kernels.h"
+#include "pixel/texel_kernels.h"
+
+namespace brisal {
+namespace {
+
+static_assert(GouraudBuffer::kEntries % kPiece == 0);
+
+TexelPath PathOf(const Surface &texture) {
+  TexelPath path = {};
+  path.address = static_cast<const uint8_t *>(texture.address);
+  path.pitch = texture.pitch;
+  path.width = texture.width;
+  path.height = texture.height;
+  path.storedKey = MaskAsStored(texture.maskColour, texture.format);
+  path.texelKey = MaskAsColour(texture.maskColour, texture.format);
+  return path;
+}
+
+// Draws the spans of one call: texels are fetched, shaded, changed and written piece by piece.
+class TexturePainter {
+ public:
+  TexturePainter(const Canvas &canvas, const Surface &texture, const Pipeline &pipeline,
+                 GouraudBuffer &gouraud)
+      : canvas_(canvas),
+        pipeline_(pipeline),
+        gouraud_(gouraud),
+        path_(PathOf(texture)),
+        keepsTarget_((pipeline.maskFlag & 1) != 0),
+        pixelBytes_(BytesPerPixel(canvas.target.format)),
+        maskPacked_(PackColour(path_.texelKey, canvas.target.format)) {
+    const bool compressed = pipeline.maskCompression == 1;
+    // A plain copy leaves mask-coloured texels out whatever the compression.
+    const bool direct = IsDirect(texture);
+    fetch_ = FindFetchKernel(texture.format, pipeline.filterFlag == 1,
+                             direct ? keepsTarget_ : compressed);
+    fillsGaps_ = !keepsTarget_ && compressed && !direct;
+    output_ = FindOutputKernel(canvas.wide, OutputOf(texture), canvas.target.format);
+    fillGap_ = FindSpanKernel(canvas.wide, Rule::kSolid, canvas.target.format);
+    ramp_ = FindRampKernel(canvas.wide);
+  }
+
+  bool Draws() const { return pipeline_.outputEffect != 0 && fetch_ && output_; }
+
+  void Draw(const Span &span) {
+    const int64_t width = int64_t{span.right} - span.left;
+    if (width < 1 || (fillsGaps_ && IsTransparent(span, width))) return;
+    for (int64_t first = 0; first < width; first += kPiece) {
+      DrawPiece(span, first, static_cast<int>(std::min<int64_t>(width - first, kPiece)));
+    }
+  }
+
+ private:
+  bool IsDirect(const Surface &texture) const {
+    return texture.format == BRSL_FORMAT_X32 && canvas_.target.format == BRSL_FORMAT_X32 &&
+           pipeline_.outputEffect == 1 && pipeline_.filterFlag == 0 && EffectCount() == 0;
+  }
+
+  int EffectCount() const {
+    int count = 0;
+    while (count < TPD_MAX_EFFECTS && pipeline_.effects[count].code != 0) ++count;
+    return count;
+  }
+
+  Output OutputOf(const Surface &texture) const {
+    if (!keepsTarget_) {
+      const bool halves = pipeline_.outputEffect == 3 && pixelBytes_ == 4;
+      return halves ? Output::kHalf : Output::kPlain;
+    }
+    if (texture.format == BRSL_FORMAT_A32) return Output::kOwnAlpha;
+    switch (pipeline_.outputEffect) {
+      case 2: return Output::kLevel;
+      case 3: return Output::kHalf;
+      case 4: return Output::kAdd;
+      case 5: return Output::kSub;
+      default: return Output::kPlain;
+    }
+  }
+
+  TexelPath PathAt(const Span &span, int64_t first) const {
+    TexelPath path = path_;
+    path.du = static_cast<uint32_t>(span.du);
+    path.dv = static_cast<uint32_t>(span.dv);
+    path.u = static_cast<uint32_t>(span.u) + path.du * static_cast<uint32_t>(first);
+    path.v = static_cast<uint32_t>(span.v) + path.dv * static_cast<uint32_t>(first);
+    return path;
+  }
+
+  // A span of nothing but mask colour draws nothing, even where gaps are filled with it.
+  bool IsTransparent(const Span &span, int64_t width) const {
+    uint32_t texels[kPiece];
+    TexelRuns runs;
+    for (int64_t first = 0; first < width; first += kPiece) {
+      const int n = static_cast<int>(std::min<int64_t>(width - first, kPiece));
+      fetch_(PathAt(span, first), n, texels, &runs);
+      if (runs.count > 0) return false;
+    }
+    return true;
+  }
+
+  void DrawPiece(const Span &span, int64_t first, int n) {
+    uint32_t texels[kPiece];
+    TexelRuns runs;
+    fetch_(PathAt(span, first), n, texels, &runs);
+    if (runs.count > 0) {
+      uint32_t *shades = gouraud_.colour + first % GouraudBuffer::kEntries;
+      if (pipeline_.gouraudState == 1) ramp_(&span, first, n, shades);
+      ApplyEffects(texels, shades, n);
+    }
+    uint8_t *pixels = canvas_.target.Row(span.y) + ByteOffset(span.left + first, pixelBytes_);
+    if (fillsGaps_) FillGaps(runs, pixels, n);
+    const uint32_t level = static_cast<uint32_t>(pipeline_.outputLevel);
+    if (runs.count > 0) output_(texels, &runs, pixels, level);
+  }
+
+  void ApplyEffects(uint32_t *texels, uint32_t *shades, int n) const {
+    uint32_t *const buffers[] = {texels, shades};
+    for (int i = 0; i < EffectCount(); ++i) {
+      const TPD_TexelEffect &effect = pipeline_.effects[i];
+      const EffectKernel kernel = FindEffectKernel(canvas_.wide, effect.code);
+      if (kernel == nullptr) continue;
+      const TexelEffect call = {buffers[effect.input & 1], buffers[effect.output & 1], effect.a,
+                                effect.b, effect.c};
+      kernel(&call, n);
+    }
+  }
+
+  void FillGaps(const TexelRuns &runs, uint8_t *pixels, int n) const {
+    int gap = 0;
+    for (int r = 0; r < runs.count; ++r) {
+      FillGap(pixels, gap, runs.run[r].start);
+      gap = runs.run[r].start + runs.run[r].length;
+    }
+    FillGap(pixels, gap, n);
+  }
+
+  void FillGap(uint8_t *pixels, int32_t left, int32_t right) const {
+    if (left >= right) return;
+    Span span = {};
+    span.left = left;
+    span.right = right;
+    fillGap_(Runs::List(&span, 1), {pixels, 0, canvas_.target.format}, maskPacked_, 0);
+  }
+
+  const Canvas &canvas_;
+  const Pipeline &pipeline_;
+  GouraudBuffer &gouraud_;
+  TexelPath path_;
+  bool keepsTarget_;
+  bool fillsGaps_;
+  int pixelBytes_;
+  uint32_t maskPacked_;
+  FetchKernel fetch_;
+  OutputKernel output_;
+  SpanKernel fillGap_;
+  RampKernel ramp_;
+};
+
+}  // namespace
+
+void DrawTexturedSpans(const Canvas &canvas, const Surface &texture, const Span *spans,
+                       int64_t count, const Pipeline &pipeline, GouraudBuffer &gouraud) {
+  TexturePainter painter(canvas, texture, pipeline, gouraud);
+  if (!painter.Draws()) return;
+  for (int64_t i = 0; i < count; ++i) painter.Draw(spans[i]);
+}
+
+}  // namespace brisal

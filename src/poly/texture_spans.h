@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+#include "core/canvas.h"
+#include "core/span.h"
+#include "core/texel_buffer.h"
+#include "poly/pipeline.h"
+#include "surface/surface.h"
+
+namespace brisal {
+
+// Draws spans of a texture through a pipeline. Texel coordinates must lie inside the texture.
+void DrawTexturedSpans(const Canvas &canvas, const Surface &texture, const Span *spans,
+                       int64_t count, const Pipeline &pipeline, GouraudBuffer &gouraud);
+
+}  // namespace brisal

@@ -1,0 +1,169 @@
+#include "poly/textured.h"
+
+#include <algorithm>
+
+#include "poly/colour_values.h"
+#include "poly/edge_walker.h"
+#include "poly/texture_spans.h"
+
+namespace brisal {
+namespace {
+
+// Textures are mapped corner to corner: a row's coordinates lead to its excluded right end.
+struct TextureRules : EndAtVertex {
+  static constexpr int64_t kOffset = 0;
+  static constexpr int64_t kLastPixel = 0;
+};
+
+// Sprites are mapped from the centre of the first texel to the centre of the last.
+struct SpriteRules {
+  static constexpr int64_t kOffset = 0x8000;
+  static constexpr int64_t kLastPixel = 1;
+
+  // Where both edges end on one row with a width, that row is drawn too.
+  template <class Values>
+  static int64_t End(const Chain<Values> &left, const Chain<Values> &right) {
+    if (left.End() != right.End()) return std::min(left.End(), right.End());
+    return left.End() + (left.x != right.x ? 1 : 0);
+  }
+};
+
+// Texel coordinates in 16.16 and a colour, carried along an edge. At a vertex they carry on from the
+// value reached.
+template <class Rules>
+struct TexelValues {
+  void Start(const VertexList &list, int vertex) {
+    u = Fixed(list.u[vertex]);
+    v = Fixed(list.v[vertex]);
+    colour.Start(list, vertex);
+  }
+
+  void AimAt(const VertexList &list, int vertex, int64_t rows) {
+    du = Divide(Fixed(list.u[vertex]) - u, rows);
+    dv = Divide(Fixed(list.v[vertex]) - v, rows);
+    colour.AimAt(list, vertex, rows);
+  }
+
+  void Advance(int64_t rows) {
+    u += rows * du;
+    v += rows * dv;
+    colour.Advance(rows);
+  }
+
+  static int64_t Fixed(int32_t texel) { return int64_t{texel} * 65536 + Rules::kOffset; }
+
+  int64_t u = 0;
+  int64_t v = 0;
+  int64_t du = 0;
+  int64_t dv = 0;
+  ColourValues colour;
+};
+
+// One row between two edges, cut to the view. False where nothing of it is left.
+template <class Rules>
+bool MakeSpan(const Viewport &view, bool clip, bool shaded, int64_t y,
+              const Chain<TexelValues<Rules>> &l, const Chain<TexelValues<Rules>> &r, Span *span) {
+  const int64_t left = clip ? l.x / 65536 : l.x >> 16;
+  const int64_t right = clip ? r.x / 65536 : r.x >> 16;
+  const int64_t steps = right - left - Rules::kLastPixel;
+  if (steps < 1) return false;
+  const int64_t leftCut = clip ? std::max<int64_t>(view.left - left, 0) : 0;
+  const int64_t rightCut = clip ? std::max<int64_t>(right - view.right, 0) : 0;
+  if (left + leftCut >= right - rightCut) return false;
+
+  const int64_t du = Divide(r.values.u - l.values.u, steps);
+  const int64_t dv = Divide(r.values.v - l.values.v, steps);
+  *span = {};
+  span->y = static_cast<int32_t>(y);
+  span->left = static_cast<int32_t>(left + leftCut);
+  span->right = static_cast<int32_t>(right - rightCut);
+  span->u = static_cast<int32_t>(l.values.u + leftCut * du);
+  span->v = static_cast<int32_t>(l.values.v + leftCut * dv);
+  span->du = static_cast<int32_t>(du);
+  span->dv = static_cast<int32_t>(dv);
+  if (!shaded) return true;
+  ColourValues leftColour = l.values.colour;
+  ColourValues rightColour = r.values.colour;
+  if (leftCut + rightCut > 0) {
+    CutColours(leftColour, rightColour, right - left, leftCut, rightCut);
+  }
+  span->leftColour = leftColour.Colour();
+  span->rightColour = rightColour.Colour();
+  return true;
+}
+
+// Coordinates of 16.16 texels reach no further.
+constexpr int32_t kLargestTexel = 32767;
+
+void ClampTexels(VertexList &list, int count, const Surface &texture) {
+  const int32_t maxU = std::min(texture.width - 1, kLargestTexel);
+  const int32_t maxV = std::min(texture.height - 1, kLargestTexel);
+  for (int i = 0; i < count; ++i) {
+    list.u[i] = std::clamp(list.u[i], 0, maxU);
+    list.v[i] = std::clamp(list.v[i], 0, maxV);
+  }
+}
+
+bool HasTexels(const Surface *texture) {
+  return texture != nullptr && texture->width > 0 && texture->height > 0;
+}
+
+template <class Rules>
+void DrawPoly(const Canvas &canvas, const TextureWork &work, const Surface *texture, int count,
+              const Pipeline *pipeline) {
+  if (pipeline == nullptr || !HasTexels(texture)) return;
+  const Viewport &view = canvas.viewport;
+  const Polygon polygon(work.vertices, count);
+  if (!polygon.Shows(view)) return;
+  Span *const spans = work.spans.Get(polygon.MaxRows(view));
+  if (spans == nullptr) return;
+  ClampTexels(work.vertices, count, *texture);
+  const bool clip = polygon.CrossesSides(view);
+  const bool shaded = pipeline->gouraudState == 1;
+  Span *end = spans;
+  using Side = Chain<TexelValues<Rules>>;
+  WalkEdges<TexelValues<Rules>, Rules>(polygon, view, [&](int64_t y, const Side &l, const Side &r) {
+    if (MakeSpan<Rules>(view, clip, shaded, y, l, r, end)) ++end;
+  });
+  DrawTexturedSpans(canvas, *texture, spans, end - spans, *pipeline, work.gouraud);
+}
+
+}  // namespace
+
+void DrawTexturedPoly(const Canvas &canvas, const TextureWork &work, const Surface *texture,
+                      int count, const Pipeline *pipeline) {
+  DrawPoly<TextureRules>(canvas, work, texture, count, pipeline);
+}
+
+void DrawSpritePoly(const Canvas &canvas, const TextureWork &work, const Surface *texture,
+                    int count, const Pipeline *pipeline) {
+  DrawPoly<SpriteRules>(canvas, work, texture, count, pipeline);
+}
+
+void DrawTexture(const Canvas &canvas, const TextureWork &work, const Surface *texture, int32_t x,
+                 int32_t y, const Pipeline *pipeline) {
+  if (pipeline == nullptr || !HasTexels(texture)) return;
+  const Viewport &view = canvas.viewport;
+  const int64_t left = std::max(x, view.left);
+  const int64_t right = std::min<int64_t>(int64_t{x} + texture->width, view.right);
+  const int64_t top = std::max(y, view.top);
+  const int64_t bottom = std::min<int64_t>(int64_t{y} + texture->height, view.bottom);
+  if (left >= right || top >= bottom) return;
+  Span *const spans = work.spans.Get(bottom - top);
+  if (spans == nullptr) return;
+  Span *span = spans;
+  for (int64_t row = top; row < bottom; ++row, ++span) {
+    *span = {};
+    span->y = static_cast<int32_t>(row);
+    span->left = static_cast<int32_t>(left);
+    span->right = static_cast<int32_t>(right);
+    span->u = static_cast<int32_t>((left - x) * 65536);
+    span->v = static_cast<int32_t>((row - y) * 65536);
+    span->du = 0x10000;
+    span->leftColour = 0xFFFFFF;
+    span->rightColour = 0xFFFFFF;
+  }
+  DrawTexturedSpans(canvas, *texture, spans, bottom - top, *pipeline, work.gouraud);
+}
+
+}  // namespace brisal
