@@ -17,6 +17,13 @@ struct Span {
   int32_t rightColour;
   int32_t du;
   int32_t dv;
+
+  // Sets what a flat span has.
+  void Place(int64_t row, int64_t leftX, int64_t rightX) {
+    y = static_cast<int32_t>(row);
+    left = static_cast<int32_t>(leftX);
+    right = static_cast<int32_t>(rightX);
+  }
 };
 
 static_assert(sizeof(Span) == 36);

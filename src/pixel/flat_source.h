@@ -7,6 +7,17 @@
 
 namespace brisal {
 
+// One pixel of a packed colour, as LoadOne gives it.
+template <class F>
+BRISAL_INLINE auto OneOf(uint32_t packed) {
+  if constexpr (F::kBytes == 3) {
+    packed = (packed >> 16 & 0xFF) | (packed & 0xFF00) | (packed & 0xFF) << 16;
+  }
+  Vector<typename F::Lane, F::kBytes == 2 ? 2 : 4> pixel;
+  std::memcpy(&pixel, &packed, sizeof pixel);
+  return pixel;
+}
+
 // A source of one packed colour, repeated.
 template <class F>
 class Flat {

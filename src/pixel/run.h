@@ -39,12 +39,32 @@ struct Group {
   V part[kVectors];
 };
 
-// One pixel of three bytes sits in a vector of four.
+// One pixel in a vector of its own, four bytes at the least. Three bytes go by way of a word, since
+// vectors of what was stored piecemeal are slow to load.
 template <class F>
 BRISAL_INLINE auto LoadOne(const uint8_t *p) {
-  Vector<typename F::Lane, F::kBytes == 2 ? 2 : 4> pixel = {};
-  std::memcpy(&pixel, p, F::kBytes);
-  return pixel;
+  if constexpr (F::kBytes == 3) {
+    const uint32_t word =
+        p[0] | static_cast<uint32_t>(p[1]) << 8 | static_cast<uint32_t>(p[2]) << 16;
+    Vector<uint8_t, 4> pixel;
+    std::memcpy(&pixel, &word, sizeof pixel);
+    return pixel;
+  } else {
+    return LoadVector<Vector<typename F::Lane, F::kBytes>>(p);
+  }
+}
+
+template <class F, class V>
+BRISAL_INLINE void StoreOne(uint8_t *p, V pixel) {
+  if constexpr (F::kBytes == 3) {
+    uint32_t word;
+    std::memcpy(&word, &pixel, sizeof word);
+    const uint16_t low = static_cast<uint16_t>(word);
+    std::memcpy(p, &low, sizeof low);
+    p[2] = static_cast<uint8_t>(word >> 16);
+  } else {
+    StoreVector(p, pixel);
+  }
 }
 
 // The target's pixels at p; a rule that does not look at them gets the source instead.
@@ -77,7 +97,7 @@ BRISAL_INLINE void CombineShortRun(uint8_t *to, const uint8_t *from, ptrdiff_t n
   } else {
     for (ptrdiff_t i = 0; i < n; ++i) {
       const auto pixel = rule(LoadOne<F>(from + i * F::kBytes), source.One(i));
-      std::memcpy(to + i * F::kBytes, &pixel, F::kBytes);
+      StoreOne<F>(to + i * F::kBytes, pixel);
     }
   }
 }

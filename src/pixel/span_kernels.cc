@@ -27,8 +27,7 @@ struct FlatSpans {
 
 template <class F, class R>
 void OnePixel(uint8_t *p, uint32_t packed, uint32_t alpha) {
-  const auto pixel = R(alpha)(LoadOne<F>(p), Flat<F>(packed).One(0));
-  std::memcpy(p, &pixel, F::kBytes);
+  StoreOne<F>(p, R(alpha)(LoadOne<F>(p), OneOf<F>(packed)));
 }
 
 using SpanTable = KernelTable<FoldPacked, Runs, Buffer, uint32_t, uint32_t>;

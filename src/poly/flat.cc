@@ -14,22 +14,16 @@ void DrawFlatPoly(const Canvas &canvas, SpanBuffer &spanBuffer, const VertexList
   Span *const spans = spanBuffer.Get(polygon.MaxRows(view));
   if (spans == nullptr) return;
   Span *end = spans;
-  const auto add = [&end](int64_t y, int64_t left, int64_t right) {
-    end->y = static_cast<int32_t>(y);
-    end->left = static_cast<int32_t>(left);
-    end->right = static_cast<int32_t>(right);
-    ++end;
-  };
   using Side = Chain<NoValues>;
   if (polygon.CrossesSides(view)) {
     WalkEdges<NoValues>(polygon, view, [&](int64_t y, const Side &l, const Side &r) {
       const int64_t left = std::max<int64_t>(l.x / 65536, view.left);
       const int64_t right = std::min<int64_t>(r.x / 65536, view.right);
-      if (left < right) add(y, left, right);
+      if (left < right) (end++)->Place(y, left, right);
     });
   } else {
     WalkEdges<NoValues>(polygon, view, [&](int64_t y, const Side &l, const Side &r) {
-      add(y, l.x >> 16, r.x >> 16);
+      (end++)->Place(y, l.x >> 16, r.x >> 16);
     });
   }
   DrawSpanList(canvas, spans, end - spans, PackColour(colour, canvas.target.format),

@@ -15,10 +15,8 @@ class ShadedSpanList {
 
   void Add(int64_t y, int64_t left, int64_t right, const ColourValues &l, const ColourValues &r) {
     if (right <= left) return;
-    end_->y = static_cast<int32_t>(y);
-    end_->left = static_cast<int32_t>(left);
+    end_->Place(y, left, right);
     end_->leftColour = l.Colour();
-    end_->right = static_cast<int32_t>(right);
     end_->rightColour = r.Colour();
     ++end_;
   }

@@ -141,9 +141,8 @@ class TexturePainter {
 
   void FillGap(uint8_t *pixels, int32_t left, int32_t right) const {
     if (left >= right) return;
-    Span span = {};
-    span.left = left;
-    span.right = right;
+    Span span;
+    span.Place(0, left, right);
     fillGap_(Runs::List(&span, 1), {pixels, 0, canvas_.target.format}, maskPacked_, 0);
   }
 

@@ -73,10 +73,7 @@ bool MakeSpan(const Viewport &view, bool clip, bool shaded, int64_t y,
 
   const int64_t du = Divide(r.values.u - l.values.u, steps);
   const int64_t dv = Divide(r.values.v - l.values.v, steps);
-  *span = {};
-  span->y = static_cast<int32_t>(y);
-  span->left = static_cast<int32_t>(left + leftCut);
-  span->right = static_cast<int32_t>(right - rightCut);
+  span->Place(y, left + leftCut, right - rightCut);
   span->u = static_cast<int32_t>(l.values.u + leftCut * du);
   span->v = static_cast<int32_t>(l.values.v + leftCut * dv);
   span->du = static_cast<int32_t>(du);
@@ -153,13 +150,11 @@ void DrawTexture(const Canvas &canvas, const TextureWork &work, const Surface *t
   if (spans == nullptr) return;
   Span *span = spans;
   for (int64_t row = top; row < bottom; ++row, ++span) {
-    *span = {};
-    span->y = static_cast<int32_t>(row);
-    span->left = static_cast<int32_t>(left);
-    span->right = static_cast<int32_t>(right);
+    span->Place(row, left, right);
     span->u = static_cast<int32_t>((left - x) * 65536);
     span->v = static_cast<int32_t>((row - y) * 65536);
     span->du = 0x10000;
+    span->dv = 0;
     span->leftColour = 0xFFFFFF;
     span->rightColour = 0xFFFFFF;
   }

@@ -47,10 +47,9 @@ void OutlineBox(const Canvas &canvas, const Rectangle &box, uint32_t packed, int
 
 void FillBox(const Canvas &canvas, const Rectangle &box, uint32_t packed, int32_t mode) {
   const Viewport &view = canvas.viewport;
-  Span row = {};
-  row.y = static_cast<int32_t>(std::max<int64_t>(box.top, view.top));
-  row.left = static_cast<int32_t>(std::max<int64_t>(box.left, view.left));
-  row.right = static_cast<int32_t>(std::min<int64_t>(box.right, view.right));
+  Span row;
+  row.Place(std::max<int64_t>(box.top, view.top), std::max<int64_t>(box.left, view.left),
+            std::min<int64_t>(box.right, view.right));
   const int64_t rows = std::min<int64_t>(box.bottom, view.bottom) - row.y;
   if (rows > 0) DrawRectangle(canvas, row, rows, packed, mode);
 }
@@ -118,10 +117,8 @@ void DrawShadeBox(const Canvas &canvas, SpanBuffer &spanBuffer, int32_t x1, int3
   Span *span = spans;
   for (int64_t y = top; y < bottom; ++y, ++span) {
     const Channels across = leftEdge.StepTo(rightEdge, width);
-    span->y = static_cast<int32_t>(y);
-    span->left = static_cast<int32_t>(left);
+    span->Place(y, left, right);
     span->leftColour = leftEdge.ColourAfter(across, left - box.left);
-    span->right = static_cast<int32_t>(right);
     span->rightColour = leftEdge.ColourAfter(across, right - box.left);
     leftEdge.Advance(leftStep, 1);
     rightEdge.Advance(rightStep, 1);

@@ -12,10 +12,39 @@
 namespace brisal {
 namespace {
 
-// The half-width at height n of a quarter circle of radius r, scaled to s.
-int64_t HalfWidth(const QuarterCircle &quarter, int64_t n, int64_t r, int64_t s) {
-  return quarter.HalfWidth(Divide(n * QuarterCircle::kRadius, r), s);
-}
+// Half-widths of a quarter circle of radius r, scaled to s, at heights that grow by one: the place in
+// the table, n * 16384 / r, is stepped instead of divided.
+class HalfWidths {
+ public:
+  HalfWidths(const QuarterCircle &quarter, int64_t n, int64_t r, int64_t s)
+      : quarter_(quarter),
+        radius_(r),
+        scale_(s),
+        place_(Divide(n * QuarterCircle::kRadius, r)),
+        rest_(n * QuarterCircle::kRadius - place_ * r),
+        placeStep_(QuarterCircle::kRadius / r),
+        restStep_(QuarterCircle::kRadius % r) {}
+
+  int64_t Next() {
+    const int64_t width = quarter_.HalfWidth(place_, scale_);
+    place_ += placeStep_;
+    rest_ += restStep_;
+    if (rest_ >= radius_) {
+      rest_ -= radius_;
+      ++place_;
+    }
+    return width;
+  }
+
+ private:
+  const QuarterCircle &quarter_;
+  int64_t radius_;
+  int64_t scale_;
+  int64_t place_;
+  int64_t rest_;
+  int64_t placeStep_;
+  int64_t restStep_;
+};
 
 struct Range {
   int64_t first;
@@ -30,18 +59,25 @@ Range Within(Range i, int64_t centre, int sign, int64_t low, int64_t high) {
   return {std::max(i.first, centre - high + 1), std::min(i.last, centre - low)};
 }
 
-Span FlatSpan(int64_t y, int64_t left, int64_t right) {
-  Span span = {};
-  span.y = static_cast<int32_t>(y);
-  span.left = static_cast<int32_t>(left);
-  span.right = static_cast<int32_t>(right);
-  return span;
+// The points (c1 -+ h, c2 + sign * i) of an outline for the i in the range, h being the half-width at
+// height i. Plots them by way of plot(coordinate 1, coordinate 2).
+template <class Plot>
+void VisitSide(const QuarterCircle &quarter, Range range, int64_t c1, int64_t c2, int64_t r1,
+               int64_t r2, int sign, Plot plot) {
+  if (range.Count() == 0) return;
+  HalfWidths widths(quarter, range.first, r2, r1);
+  for (int64_t i = range.first; i <= range.last; ++i) {
+    const int64_t h = widths.Next();
+    plot(c1 - h, c2 + sign * i);
+    plot(c1 + h, c2 + sign * i);
+  }
 }
 
-// Calls plot for every point of the outline that may lie in the view, as often as it occurs. The
-// order does not matter: every point gets the same colour in the same mode.
+// Calls plot for every point of the outline that may lie in the view, or for all without one, as often
+// as it occurs. The order does not matter: every point gets the same colour in the same mode.
 template <class Plot>
 void VisitOutline(const QuarterCircle &quarter, const Ellipse &e, const Viewport *view, Plot plot) {
+  const auto plotTurned = [&](int64_t y, int64_t x) { plot(x, y); };
   for (const int sign : {-1, 1}) {
     Range rows = {0, e.ry - 1};
     Range columns = {0, e.rx - 1};
@@ -49,16 +85,8 @@ void VisitOutline(const QuarterCircle &quarter, const Ellipse &e, const Viewport
       rows = Within(rows, e.cy, sign, view->top, view->bottom);
       columns = Within(columns, e.cx, sign, view->left, view->right);
     }
-    for (int64_t i = rows.first; i <= rows.last; ++i) {
-      const int64_t h = HalfWidth(quarter, i, e.ry, e.rx);
-      plot(e.cx - h, e.cy + sign * i);
-      plot(e.cx + h, e.cy + sign * i);
-    }
-    for (int64_t j = columns.first; j <= columns.last; ++j) {
-      const int64_t h = HalfWidth(quarter, j, e.rx, e.ry);
-      plot(e.cx + sign * j, e.cy - h);
-      plot(e.cx + sign * j, e.cy + h);
-    }
+    VisitSide(quarter, rows, e.cx, e.cy, e.rx, e.ry, sign, plot);
+    VisitSide(quarter, columns, e.cy, e.cx, e.ry, e.rx, sign, plotTurned);
   }
 }
 
@@ -96,15 +124,23 @@ void DrawOpenEllipse(const Canvas &canvas, const QuarterCircle &quarter, const E
 
 void DrawOutline(const Canvas &canvas, const QuarterCircle &quarter, const Ellipse &e,
                  uint32_t packed, int32_t mode, bool clip) {
-  const PixelPen pen(canvas, packed, mode);
-  if (!pen.Draws()) return;
   const Viewport &view = canvas.viewport;
-  if (!clip) {
-    VisitOutline(quarter, e, nullptr, [&](int64_t x, int64_t y) { pen.Plot(x, y); });
+  const auto visit = [&](auto plot) {
+    if (!clip) return VisitOutline(quarter, e, nullptr, plot);
+    VisitOutline(quarter, e, &view, [&](int64_t x, int64_t y) {
+      if (view.Contains(x, y)) plot(x, y);
+    });
+  };
+  if (mode != DRAW_SOLID) {
+    const PixelPen pen(canvas, packed, mode);
+    if (pen.Draws()) visit([&](int64_t x, int64_t y) { pen.Plot(x, y); });
     return;
   }
-  VisitOutline(quarter, e, &view, [&](int64_t x, int64_t y) {
-    if (view.Contains(x, y)) pen.Plot(x, y);
+  // By far the commonest, and so short a job that a call for each pixel would double it.
+  const Buffer target = canvas.target;
+  WithFormat(target.format, 0, [&](auto f) {
+    visit([&](int64_t x, int64_t y) { f.Store(target.Row(y) + ByteOffset(x, f.kBytes), packed); });
+    return 0;
   });
 }
 
@@ -119,14 +155,15 @@ void FillEllipseClipped(const Canvas &canvas, const QuarterCircle &quarter, Span
   Span *const spans = spanBuffer.Get(lower.Count() + upper.Count());
   if (spans == nullptr) return;
   Span *end = spans;
-  const auto add = [&](int64_t i, int64_t y) {
-    const int64_t h = HalfWidth(quarter, i, e.ry, e.rx);
+  const auto add = [&](int64_t h, int64_t y) {
     const int64_t left = std::max<int64_t>(e.cx - h, view.left);
     const int64_t right = std::min<int64_t>(e.cx + h, view.right);
-    if (left < right) *end++ = FlatSpan(y, left, right);
+    if (left < right) (end++)->Place(y, left, right);
   };
-  for (int64_t i = upper.last; i >= upper.first; --i) add(i, e.cy + 1 - i);
-  for (int64_t i = lower.first; i <= lower.last; ++i) add(i, e.cy + i);
+  HalfWidths upperWidths(quarter, upper.first, e.ry, e.rx);
+  for (int64_t i = upper.first; i <= upper.last; ++i) add(upperWidths.Next(), e.cy + 1 - i);
+  HalfWidths lowerWidths(quarter, lower.first, e.ry, e.rx);
+  for (int64_t i = lower.first; i <= lower.last; ++i) add(lowerWidths.Next(), e.cy + i);
   DrawSpanList(canvas, spans, end - spans, packed, ModeOfFlags(flags));
 }
 
@@ -137,10 +174,11 @@ void FillEllipseUnclipped(const Canvas &canvas, const QuarterCircle &quarter,
   const int64_t rows = e.ry - 1;  // above the middle, and as many below it
   Span *const spans = spanBuffer.Get(2 * rows);
   if (spans == nullptr) return;
+  HalfWidths widths(quarter, 1, e.ry, e.rx);
   for (int64_t k = 1; k <= rows; ++k) {
-    const int64_t h = HalfWidth(quarter, k, e.ry, e.rx);
-    spans[rows - k] = FlatSpan(e.cy - k, e.cx - h, e.cx + h);
-    spans[rows + k - 1] = FlatSpan(e.cy + k - 1, e.cx - h, e.cx + h);
+    const int64_t h = widths.Next();
+    spans[rows - k].Place(e.cy - k, e.cx - h, e.cx + h);
+    spans[rows + k - 1].Place(e.cy + k - 1, e.cx - h, e.cx + h);
   }
   DrawSpanList(canvas, spans, 2 * rows, packed, ModeOfFlags(flags));
 }

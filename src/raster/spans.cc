@@ -31,10 +31,8 @@ void DrawGouraudSpanList(const Canvas &canvas, const Span *spans, int64_t count,
 
 void DrawStrip(const Canvas &canvas, int32_t y, int64_t x1, int64_t x2, uint32_t packed,
                int32_t mode) {
-  Span strip = {};
-  strip.y = y;
-  strip.left = static_cast<int32_t>(x1);
-  strip.right = static_cast<int32_t>(x2);
+  Span strip;
+  strip.Place(y, x1, x2);
   const Rule rule = StripRule(mode, canvas.target.format, canvas.inkAlpha);
   DrawRuns(canvas, Runs::List(&strip, 1), rule, packed);
 }

@@ -48,10 +48,8 @@ Plan PlanFor(const BlitEffect &effect) {
 // Combines a rectangle of a buffer with the effect colour, in place.
 void Tint(bool wide, const Buffer &buffer, Rule rule, uint32_t packed, int64_t x, int64_t y,
           const BlitArea &area) {
-  Span row = {};
-  row.y = static_cast<int32_t>(y);
-  row.left = static_cast<int32_t>(x);
-  row.right = static_cast<int32_t>(x + area.right - area.left);
+  Span row;
+  row.Place(y, x, x + area.right - area.left);
   const Runs runs = Runs::Rows(&row, area.bottom - area.top);
   FindSpanKernel(wide, rule, buffer.format)(runs, buffer, packed, 0);
 }

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+
+namespace brisal {
+
+// Each changes n colours in place.
+using FadeKernel = void (*)(uint32_t *colours, int n, uint32_t factor);
+using GreyKernel = void (*)(uint32_t *colours, int n);
+
+// Every byte becomes min(byte * factor >> 8, 255); the factor is at most 1024.
+FadeKernel FindFadeKernel(bool wide);
+// Red, green and blue become the colour's luminance.
+GreyKernel FindGreyKernel(bool wide);
+
+constexpr int kBlurEntries = 9 * 256;
+
+// Three rows of colours, from which a blurred one is made. The table holds what becomes of a sum of
+// nine bytes; where a factor other than 0 is given, min(sum * factor >> 16, 255) is the same.
+struct BlurRows {
+  const uint32_t *rows[3];
+  uint32_t *out;
+  int64_t width;
+  const uint8_t *table;
+  uint32_t factor;
+};
+
+using BlurKernel = void (*)(const BlurRows *blur);
+BlurKernel FindBlurKernel(bool wide);
+
+}  // namespace brisal

@@ -1,0 +1,148 @@
+#include "surface/filters.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "hostlang/colours.h"
+#include "pixel/filter_kernels.h"
+#include "pixel/format.h"
+#include "surface/rows.h"
+
+namespace brisal {
+namespace {
+
+// The sums of nine bytes, divided, cut and clamped.
+void FillBlurTable(float divisor, uint8_t (&table)[kBlurEntries]) {
+  const double clamped = std::clamp(divisor, -255.0f, 255.0f);
+  for (int sum = 0; sum < kBlurEntries; ++sum) {
+    table[sum] = static_cast<uint8_t>(std::clamp(sum / clamped, 0.0, 255.0));
+  }
+}
+
+// The factor that does what the table does, 0 where there is none.
+uint32_t BlurFactor(float divisor, const uint8_t (&table)[kBlurEntries]) {
+  if (divisor < 1.01f) return 0;
+  const uint32_t factor = static_cast<uint32_t>(65536 / static_cast<double>(divisor)) + 1;
+  for (uint32_t sum = 0; sum < kBlurEntries; ++sum) {
+    if (std::min(sum * factor >> 16, 255u) != table[sum]) return 0;
+  }
+  return factor;
+}
+
+// A light's level at a pixel, 1 for an intensity of 255. Not above 0 where the light does not reach,
+// nor where intensity and falloff are no numbers.
+double LevelAt(const Light &light, int32_t x, int32_t y) {
+  constexpr float kStep = 1.0f / 255.0f;
+  const double dx = static_cast<double>(x) - light.x;
+  const double dy = static_cast<double>(y) - light.y;
+  const double distance = std::sqrt(dx * dx + dy * dy);
+  return (light.intensity - distance * light.falloff) * kStep;
+}
+
+}  // namespace
+
+void Blur(bool wide, const Surface &surface, float divisor) {
+  if (divisor == 0 || std::isnan(divisor)) return;
+  if (surface.viewRight < 1 || surface.viewBottom < 1 || !IsFormat(surface.format)) return;
+  const int64_t width = int64_t{surface.viewRight} - surface.viewLeft;
+  const int64_t height = int64_t{surface.viewBottom} - surface.viewTop;
+  if (width < 1 || height < 1) return;
+  // One row more than the copy, for the result.
+  const uint64_t pixels = static_cast<uint64_t>(width) * static_cast<uint64_t>(height + 1);
+  if (pixels / static_cast<uint64_t>(width) != static_cast<uint64_t>(height + 1)) return;
+  if (pixels > SIZE_MAX / sizeof(uint32_t)) return;
+  auto *copy = static_cast<uint32_t *>(std::malloc(static_cast<size_t>(pixels) * sizeof(uint32_t)));
+  if (copy == nullptr) return;
+
+  const Buffer buffer = BufferOf(surface);
+  const auto row = [&](int64_t y) { return static_cast<int32_t>(surface.viewTop + y); };
+  for (int64_t y = 0; y < height; ++y) {
+    ReadRow(buffer, surface.viewLeft, row(y), width, copy + y * width);
+  }
+  uint8_t table[kBlurEntries];
+  FillBlurTable(divisor, table);
+  const uint32_t factor = BlurFactor(std::min(divisor, 255.0f), table);
+  uint32_t *result = copy + height * width;
+  const BlurKernel kernel = FindBlurKernel(wide);
+  for (int64_t y = 0; y < height; ++y) {
+    const uint32_t *above = copy + std::max<int64_t>(y - 1, 0) * width;
+    const uint32_t *below = copy + std::min<int64_t>(y + 1, height - 1) * width;
+    const BlurRows blur = {{above, copy + y * width, below}, result, width, table, factor};
+    kernel(&blur);
+    WriteRow(buffer, surface.viewLeft, row(y), width, result);
+  }
+  std::free(copy);
+}
+
+void Fade(bool wide, const Surface &surface, int32_t percent) {
+  const double factor = percent * static_cast<double>(0.01f) * 256;
+  const uint32_t weight = static_cast<uint32_t>(std::clamp(factor, 0.0, 1024.0));
+  const FadeKernel kernel = FindFadeKernel(wide);
+  ChangeColours(surface, [&](int32_t, int32_t, int n, uint32_t *c) { kernel(c, n, weight); });
+}
+
+void GreyScale(bool wide, const Surface &surface) {
+  const GreyKernel kernel = FindGreyKernel(wide);
+  ChangeColours(surface, [&](int32_t, int32_t, int n, uint32_t *c) { kernel(c, n); });
+}
+
+void LightUp(const Surface &surface, const Light &light) {
+  ChangeColours(surface, [&](int32_t x, int32_t y, int n, uint32_t *colours) {
+    for (int i = 0; i < n; ++i) {
+      const double level = LevelAt(light, x + i, y);
+      // From 256 on every byte but 0 is 255.
+      const int64_t factor = level > 0 ? static_cast<int64_t>(std::min(level, 256.0) * 65536) : 0;
+      uint32_t lit = 0;
+      for (int shift = 16; shift >= 0; shift -= 8) {
+        const int64_t byte = (int64_t{colours[i] >> shift & 0xFF} * factor) >> 16;
+        lit |= static_cast<uint32_t>(std::min<int64_t>(byte, 255)) << shift;
+      }
+      colours[i] = lit;
+    }
+  });
+}
+
+void PaintLight(const Surface &surface, const Light &light, uint32_t colour) {
+  ChangeColours(surface, [&](int32_t x, int32_t y, int n, uint32_t *colours) {
+    for (int i = 0; i < n; ++i) {
+      const double level = LevelAt(light, x + i, y);
+      const auto channel = [&](int shift) {
+        const double value = level * (colour >> shift & 0xFF);
+        return static_cast<int32_t>(std::clamp(value, 0.0, 255.0));
+      };
+      colours[i] = level > 0 ? ColourWithIntensity(channel(16), channel(8), channel(0)) : 0;
+    }
+  });
+}
+
+void PrepareEffectSurface(const Surface &source, const Surface &destination) {
+  if (destination.format != BRSL_FORMAT_A32) {
+    const int32_t left = std::max(destination.viewLeft, 0);
+    const int32_t right = std::min(destination.viewRight, destination.width);
+    const int32_t bottom = std::min(destination.viewBottom, destination.height);
+    for (int32_t y = std::max(destination.viewTop, 0); y < bottom; ++y) {
+      for (int32_t x = left; x < right; ++x) {
+        PokeUnclipped(BufferOf(destination), x, y, Peek(source, x, y) & 0xFFFFFF);
+      }
+    }
+    return;
+  }
+  const Buffer from = BufferOf(source);
+  const Buffer to = BufferOf(destination);
+  const uint32_t key = MaskAsColour(source.maskColour, source.format);
+  const bool marks = IsFormat(source.format) && BytesPerPixel(source.format) < 4;
+  uint32_t colours[kRowPiece];
+  for (int32_t y = 0; y < destination.height && IsFormat(source.format); ++y) {
+    for (int64_t x = 0; x < destination.width; x += kRowPiece) {
+      const int64_t n = std::min<int64_t>(destination.width - x, kRowPiece);
+      ReadRow(from, static_cast<int32_t>(x), y, n, colours);
+      for (int64_t i = 0; i < n && marks; ++i) {
+        if (colours[i] != key) colours[i] |= 0xFF000000;
+      }
+      WriteRow(to, static_cast<int32_t>(x), y, n, colours);
+    }
+  }
+}
+
+}  // namespace brisal

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+
+#include "core/canvas.h"
+#include "surface/surface.h"
+
+namespace brisal {
+
+// All but the mirror work on the surface's viewport.
+void Blur(bool wide, const Surface &surface, float divisor);
+void Fade(bool wide, const Surface &surface, int32_t percent);
+void GreyScale(bool wide, const Surface &surface);
+
+// A light whose level falls off linearly with the distance from its centre.
+struct Light {
+  int32_t x;
+  int32_t y;
+  float intensity;
+  float falloff;
+};
+
+void LightUp(const Surface &surface, const Light &light);
+void PaintLight(const Surface &surface, const Light &light, uint32_t colour);
+
+// Fills an effect surface from an ordinary one: format 5 gets an alpha that marks mask-coloured
+// pixels as transparent.
+void PrepareEffectSurface(const Surface &source, const Surface &destination);
+
+// Exchanges the pixels of a rectangle of the target, right and bottom exclusive, with their mirror
+// images; what lies outside the viewport reads as 0.
+void MirrorRectangle(const Canvas &canvas, const int32_t (&rectangle)[4], bool horizontal,
+                     bool vertical);
+
+}  // namespace brisal
