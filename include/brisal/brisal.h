@@ -746,6 +746,100 @@ BRSL_API void BRSL_CALL BRSL_VertTextureStrip(const BRSL_SurfaceDesc *texture, i
                                               int32_t uA, int32_t vA, int32_t y2, int32_t uB,
                                               int32_t vB, int32_t x);
 
+/* ---- Rectangle filters ---------------------------------------------------------------------
+ *
+ * All but BRSL_PrepareFXSurface and BRSL_MirrorRect change the pixels of a surface's viewport, read as
+ * by BRSL_PeekSurface (formats 1 to 3 with alpha 0) and stored as by BRSL_PokeSurface; an empty
+ * viewport changes nothing. The caller guarantees that the viewport lies inside the surface. A null
+ * descriptor is not accepted.
+ */
+
+/*
+ * Builds an effect surface dst from an ordinary one, src.
+ * mode: 0; any other does nothing.
+ * Where dst has not format 5, its pixels are those of src, alpha 0; both viewports apply, what lies
+ * outside that of src is black. Where it has, it gets the colours of src with alpha 0 for those that are
+ * the mask colour of src at its precision and 255 for the others (src of format 4 or 5: the stored
+ * alpha); no viewport applies, and the caller guarantees that src is at least as large as dst.
+ */
+BRSL_API void BRSL_CALL BRSL_PrepareFXSurface(const BRSL_SurfaceDesc *src, BRSL_SurfaceDesc *dst,
+                                              int32_t mode);
+
+/*
+ * Blurs desc: every byte of a pixel, alpha too, becomes the sum of the nine around it (edges repeated)
+ * divided by divisor, cut towards zero and clamped to 0-255.
+ * divisor: 9 blurs, less brightens, below 0 blackens; clamped to -255 .. 255; 0 or not a number does
+ * nothing. One block of memory is taken for the call; where there is none, or the viewport ends at or
+ * before 0, nothing is done.
+ */
+BRSL_API void BRSL_CALL BRSL_FillRect_Blur(BRSL_SurfaceDesc *desc, float divisor);
+
+/*
+ * Changes the brightness of desc: every byte of a pixel, alpha too, becomes min(byte * f >> 8, 255) with
+ * f = trunc(percent * 0.01f * 256), clamped to 0-1024.
+ * percent: 100 leaves the picture nearly as it is.
+ */
+BRSL_API void BRSL_CALL BRSL_FillRect_Fade(BRSL_SurfaceDesc *desc, int32_t percent);
+
+/*
+ * Turns desc grey: red, green and blue become (red * 225 + green * 723 + blue * 76) >> 10; alpha stays.
+ */
+BRSL_API void BRSL_CALL BRSL_FillRect_GreyScale(BRSL_SurfaceDesc *desc);
+
+/*
+ * Lights desc from a point: with d the distance to (cx, cy) and level = (intensity - d * falloff) / 255
+ * (by the single-precision 1/255), red, green and blue become min(byte * trunc(level * 65536) >> 16,
+ * 255), alpha 0; 0 where level is not above 0.
+ * intensity: 255 is full brightness at the centre. falloff: what it loses per pixel. reserved: not used.
+ */
+BRSL_API void BRSL_CALL BRSL_FillRect_Light(BRSL_SurfaceDesc *desc, int32_t cx, int32_t cy,
+                                            float intensity, float falloff, int32_t reserved);
+
+/*
+ * Paints a light into desc: level as for BRSL_FillRect_Light, red, green and blue min(trunc(level *
+ * channel of colour), 255), alpha min((red * 225 + green * 723 + blue * 76) >> 10, 255); 0 where level
+ * is not above 0. What was there is not read.
+ * cx, cy, intensity, falloff: as there. colour: 0x00RRGGBB. reserved: not used.
+ */
+BRSL_API void BRSL_CALL BRSL_FillRect_PhongMap(BRSL_SurfaceDesc *desc, int32_t cx, int32_t cy,
+                                               uint32_t colour, float intensity, float falloff,
+                                               int32_t reserved);
+
+/*
+ * Mirrors a rectangle of the target in place, clipped to the viewport: pixels outside read as 0.
+ * rect: four values x1, y1, x2, y2, the latter two excluded; not null. horizontal, vertical: bit 0
+ * selects the axis; both turn the rectangle by half a turn, neither does nothing.
+ */
+BRSL_API void BRSL_CALL BRSL_MirrorRect(const int32_t *rect, int32_t horizontal, int32_t vertical);
+
+/* ---- Scaling and map blocks ---------------------------------------------------------------- */
+
+/*
+ * Resamples the whole of src to the whole of dst, clipped to the viewport of dst. Pixel (x, y) takes
+ * its colour from u = x * trunc(src width * 65536 / dst width), v likewise, in 16.16.
+ * mode: 0 takes pixel (u >> 16, v >> 16), 0 outside the viewport of src; 1 filters as textures are,
+ * within the size of src; 1111 weighs the four pixels around (u, v), read through the viewport of src,
+ * by (256 - fx)(256 - fy) >> 8 and so on with fx, fy = bits 8-15 of u and v, every byte (alpha too) a
+ * sum of products >> 8, the neighbours held inside the viewport's last column and row. Any other mode,
+ * and a dst without width or height, does nothing.
+ * The caller guarantees that viewports lie inside their surfaces and that the two do not overlap.
+ */
+BRSL_API void BRSL_CALL BRSL_ScaleSurface(const BRSL_SurfaceDesc *src, BRSL_SurfaceDesc *dst,
+                                          int32_t mode);
+
+/*
+ * Copies columns x1 <= x < x2 and rows y1 <= y < y2 of src to (dx, dy) of dst, converting formats by way
+ * of colours, and tells whether any pixel was transparent: in format 5 one whose alpha is not 255, in
+ * the others one that is maskColour at the precision of src. What lands outside the width and height of
+ * dst is not copied; its viewport does not matter.
+ * rowBuffer: room for x2 - x1 colours, overwritten; null does nothing.
+ * Returns 1 when a pixel was transparent, else 0. The caller guarantees that the block lies inside src.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_CopyRect_MoveMapBlk(const BRSL_SurfaceDesc *src, int32_t x1,
+                                                    int32_t y1, int32_t x2, int32_t y2,
+                                                    BRSL_SurfaceDesc *dst, int32_t dx, int32_t dy,
+                                                    uint32_t *rowBuffer, uint32_t maskColour);
+
 /* ---- Texel pipelines -----------------------------------------------------------------------
  *
  * A textured span is drawn in stages: texels are fetched (point-sampled or filtered, mask-coloured ones
@@ -940,6 +1034,237 @@ BRSL_API void BRSL_CALL BRSL_DrawSpriteRGBQuad(
     uint32_t colour0, int32_t x1, int32_t y1, int32_t tu1, int32_t tv1, uint32_t colour1,
     int32_t x2, int32_t y2, int32_t tu2, int32_t tv2, uint32_t colour2, int32_t x3, int32_t y3,
     int32_t tu3, int32_t tv3, uint32_t colour3, const TPD_Pipeline *pipeline, int32_t split);
+
+/* ---- Host language -------------------------------------------------------------------------
+ *
+ * Arithmetic on colours 0xAARRGGBB, scalar maths and random numbers. Nothing here draws, and only
+ * the random numbers keep anything between calls. Every argument gives a result.
+ *
+ * Per channel means red, green and blue (0-255) each by itself; the result's alpha is then 0. Other
+ * results have alpha 0 too, unless a function says otherwise.
+ * A blend by level a takes each channel to c1 + floor((c2 - c1) * a / 256).
+ */
+
+/*
+ * Returns the colour of red r, green g and blue b, of each the low 8 bits.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB(int32_t r, int32_t g, int32_t b);
+
+/*
+ * Returns the colour of alpha a, red r, green g and blue b, of each the low 8 bits.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_ARGB(int32_t a, int32_t r, int32_t g, int32_t b);
+
+/*
+ * Returns TQ_RGB(r, g, b) with its brightness as alpha, min((225 * r + 723 * g + 76 * b) >> 10,
+ * 255), from r, g and b as given, in 32 bits that wrap around, with a shift that keeps the sign; of
+ * a negative brightness the low 8 bits.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_With_AlphaIntensity(int32_t r, int32_t g, int32_t b);
+
+/*
+ * Returns the alpha of a colour, bits 24-31, as 0-255.
+ */
+BRSL_API int32_t BRSL_CALL TQ_RGBA(uint32_t colour);
+
+/*
+ * Returns the red of a colour, bits 16-23, as 0-255.
+ */
+BRSL_API int32_t BRSL_CALL TQ_RGBR(uint32_t colour);
+
+/*
+ * Returns the green of a colour, bits 8-15, as 0-255.
+ */
+BRSL_API int32_t BRSL_CALL TQ_RGBG(uint32_t colour);
+
+/*
+ * Returns the blue of a colour, bits 0-7, as 0-255.
+ */
+BRSL_API int32_t BRSL_CALL TQ_RGBB(uint32_t colour);
+
+/*
+ * Returns a colour as 5:6:5, as RGBto565(colour) does.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_888to565(uint32_t colour);
+
+/*
+ * Returns a colour as 5:5:5, as RGBto555(colour) does.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_888to555(uint32_t colour);
+
+/*
+ * Returns a 5:6:5 pixel as a colour, its channels at the top of their bytes:
+ * (pixel & 0xF800) << 8 | (pixel & 0x7E0) << 5 | (pixel & 0x1F) << 3.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_565to888(uint32_t pixel);
+
+/*
+ * Returns a 5:5:5 pixel as a colour, its channels at the top of their bytes:
+ * (pixel & 0x7C00) << 9 | (pixel & 0x3E0) << 6 | (pixel & 0x1F) << 3.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_555to888(uint32_t pixel);
+
+/*
+ * Returns a random colour: red, green and blue, drawn in that order, are each the integer part of
+ * TQ_Rnd(255), which is practically never 255.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RNDRGB(void);
+
+/*
+ * Returns a colour's grey (280 * red + 630 * green + 90 * blue) / 1000, rounded down, in all three
+ * channels.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_GREY(uint32_t colour);
+
+/*
+ * Darkens or brightens a colour: per channel min((channel * k) >> 8, 255), k being the integer part
+ * of floor(percent) * 0.01 * 256 with 0.01 as a float, which is a little less: 100 percent gives
+ * k = 255, 50 gives 127, 500 gives 1279.
+ * percent: below 1, or not a number, gives 0; above 500 counts as 500.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_FADE(uint32_t colour, float percent);
+
+/*
+ * Blends colour1 with colour2 by the level a, the integer part of percent * 0.01 * 255 computed in
+ * long double: 50 gives 127.
+ * percent: a below 1 (percent not a number, too) gives colour1, a from 255 on (percent 100 or more)
+ * gives colour2, both unchanged, alpha included.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_BLEND(uint32_t colour1, uint32_t colour2, float percent);
+
+/*
+ * Blends colour1 with colour2 by a level.
+ * level: 1-254; below it gives colour1, above it colour2, both unchanged, alpha included.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_BLEND_Variable(uint32_t colour1, uint32_t colour2,
+                                                        int32_t level);
+
+/*
+ * Blends from colour1 at the nearer depth to colour2 at the farther one: lo and hi being the
+ * smaller and the larger of nearDepth and farDepth, the level of TQ_RGB_ALPHA_BLEND_Variable is the
+ * integer part of (256 / (hi - lo)) * (depth - lo), computed in double.
+ * depth: below lo gives colour1, above hi colour2. A level that is not a number, as where depth,
+ * nearDepth and farDepth are all the same, gives colour1.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_DEPTH_CUE(uint32_t colour1, uint32_t colour2, float depth,
+                                             float nearDepth, float farDepth);
+
+/*
+ * Multiplies a colour: per channel (channel * factor) >> 8, limited to 0-255 (no product wraps).
+ * factor: 256 keeps the channels, a negative one gives 0.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_SCALE(uint32_t colour, int32_t factor);
+
+/*
+ * Returns per channel min(c1 + c2, 255) of colour1 and colour2.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_ADD(uint32_t colour1, uint32_t colour2);
+
+/*
+ * Returns per channel max(c1 - c2, 0) of colour1 and colour2.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_SUB(uint32_t colour1, uint32_t colour2);
+
+/*
+ * Returns per channel (c1 * (c2 + 1)) >> 8 of colour1 and colour2.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_MULT(uint32_t colour1, uint32_t colour2);
+
+/*
+ * Returns the mean of two colours, ((colour1 & 0xFEFEFE) + (colour2 & 0xFEFEFE)) >> 1.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_50(uint32_t colour1, uint32_t colour2);
+
+/*
+ * Returns colour1 & colour2, all 32 bits.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_AND(uint32_t colour1, uint32_t colour2);
+
+/*
+ * Returns colour1 | colour2, all 32 bits.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_OR(uint32_t colour1, uint32_t colour2);
+
+/*
+ * Returns colour1 ^ colour2, all 32 bits.
+ */
+BRSL_API uint32_t BRSL_CALL TQ_RGB_ALPHA_XOR(uint32_t colour1, uint32_t colour2);
+
+/*
+ * Returns the cosine of an angle, computed in long double from degrees * 0.017453292519444445. That
+ * factor is a little less than pi / 180: the cosine of 90 is about 4.49e-11.
+ * degrees: any; an infinite angle gives a not-a-number.
+ */
+BRSL_API float BRSL_CALL TQ_Cos(float degrees);
+
+/*
+ * Returns the sine of an angle in degrees, computed as by TQ_Cos.
+ */
+BRSL_API float BRSL_CALL TQ_Sin(float degrees);
+
+/*
+ * Returns the tangent of an angle in degrees, computed as by TQ_Cos: large but finite at 90.
+ */
+BRSL_API float BRSL_CALL TQ_Tan(float degrees);
+
+/*
+ * Returns the natural logarithm of x: minus infinity for 0, a not-a-number below 0.
+ */
+BRSL_API float BRSL_CALL TQ_Log(float x);
+
+/*
+ * Returns the base-10 logarithm of x: minus infinity for 0, a not-a-number below 0.
+ */
+BRSL_API float BRSL_CALL TQ_Log10(float x);
+
+/*
+ * Returns x raised to the power y as pow of the C library does, in double; zero, negative and
+ * infinite arguments follow its rules. A result too large for a float is infinite.
+ */
+BRSL_API float BRSL_CALL TQ_Power(float x, float y);
+
+/*
+ * Brings an angle into 0 to 360: r = fmodf(degrees, 360), plus 360 if r is below 0. A negative
+ * whole turn gives -0; a negative r so small that the sum rounds up gives 360 itself.
+ * degrees: any; an infinite angle gives a not-a-number.
+ */
+BRSL_API float BRSL_CALL WrapAngle(float degrees);
+
+/*
+ * Wraps a value into lo <= result < hi, lo and hi being the smaller and the larger of a and b (up
+ * to the rounding of the result to a float). A value below lo is first moved to
+ * hi - fmod(lo - value, hi - lo); one not below hi then to lo + fmod(value - hi, hi - lo). The
+ * range hi - lo and the moved values are floats, everything between is double.
+ * Equal a and b give a not-a-number.
+ */
+BRSL_API float BRSL_CALL TQ_WrapValue(float value, float a, float b);
+
+/*
+ * Returns the address of the constant text "0123456789abcdef0123456789abcdef", which ends in a zero
+ * byte; the same at every call. For trying out how a host passes text.
+ */
+BRSL_API const char *BRSL_CALL TQ_TestString(void);
+
+/*
+ * Returns a random number from 0 to max: n * 2.3283064365959952e-10 * (max + 0.99), computed in
+ * double with 0.99 as a float, n being the next 32-bit number of the generator; numbers above max
+ * are drawn again. That takes (max + 0.99) / max draws on average, so a tiny max takes long.
+ * max: 0 gives 0; below 0 gives (max + 0.99) + 1 where max + 0.99 is not above 0 (-5 gives -3.01),
+ * else 0; a not-a-number gives itself. None of these draws.
+ *
+ * The generator keeps 32-bit words x, y, z, w, at loading 30903, and a carry c, at loading 0.
+ * Modulo 2^32, with logical shifts, each number is made by:
+ *   x = 69069 * x + 1;  y ^= y << 13;  y ^= y >> 17;  y ^= y << 5;
+ *   t = c + 2 * w + z;  c = ((c >> 2) + (z >> 2) + (w >> 3)) >> 30;  z = w;  w = t;  n = x + y + w
+ */
+BRSL_API float BRSL_CALL TQ_Rnd(float max);
+
+/*
+ * Sets the generator's words x, y, z and w to seed; the carry stays. Equal seeds, from equal
+ * carries, give equal numbers.
+ * seed: 0 changes nothing.
+ */
+BRSL_API void BRSL_CALL TQ_Randomize(int32_t seed);
 
 #ifdef __cplusplus
 }

@@ -4,6 +4,7 @@
 
 #include "core/canvas.h"
 #include "core/quarter_circle.h"
+#include "core/random_state.h"
 #include "core/span.h"
 #include "core/texel_buffer.h"
 #include "core/vertex_list.h"
@@ -26,6 +27,7 @@ struct State {
   SpanBuffer spans;
   VertexList vertices;
   GouraudBuffer gouraud;
+  RandomState random;
 };
 
 }  // namespace brisal
