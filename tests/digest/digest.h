@@ -1,0 +1,20 @@
+// One checksum per family of functions over a fixed stream of random cases.
+#pragma once
+
+#include "support/cases.h"
+
+namespace digest {
+
+inline constexpr uint64_t kCases = 3000;
+
+using Drawer = Picture (*)(const Case &, std::vector<uint32_t> &results);
+
+// Of one case: the whole allocation and every result.
+uint64_t OfCase(Family family, uint64_t number, Drawer draw);
+
+uint64_t OfFamily(Family family, Drawer draw);
+
+// What expected.txt holds for a family; 0 where it holds nothing.
+uint64_t Expected(const std::string &file, Family family);
+
+}  // namespace digest
