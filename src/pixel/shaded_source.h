@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "core/reciprocal.h"
 #include "core/span.h"
 #include "pixel/run.h"
 
@@ -17,13 +18,11 @@ BRISAL_INLINE FixedColour Fixed(int32_t colour) {
   return FixedColour{(c & 0xFF) << 16, (c & 0xFF00) << 8, c & 0xFF0000};
 }
 
-// The step from pixel to pixel that leads from one colour to the other in n pixels.
-// One division serves all channels. A product with the reciprocal is off by less than one part in
-// 2^43, always away from zero; a quotient that is not whole is further than that from the next whole
-// number, so cutting the product gives just what cutting the quotient would.
+// The step from pixel to pixel that leads from one colour to the other in n pixels: what Reciprocal
+// does, for all channels at once.
 BRISAL_INLINE FixedColour StepBetween(FixedColour left, FixedColour right, ptrdiff_t n) {
   using Doubles = Vector<double, 32>;
-  const double reciprocal = (1.0 + 0x1p-44) / static_cast<double>(n);
+  const double reciprocal = Reciprocal::kUpwards / static_cast<double>(n);
   const auto way = __builtin_convertvector(As<int32_t>(right - left), Doubles);
   return As<uint32_t>(
       __builtin_convertvector(way * Splat<Doubles>(reciprocal), Vector<int32_t, 16>));

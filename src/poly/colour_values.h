@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "core/ints.h"
+#include "core/reciprocal.h"
 #include "core/vertex_list.h"
 
 namespace brisal {
@@ -13,9 +13,9 @@ struct ColourValues {
     for (int c = 0; c < 3; ++c) channel[c] = Target(list, vertex, c);
   }
 
-  void AimAt(const VertexList &list, int vertex, int64_t rows) {
+  void AimAt(const VertexList &list, int vertex, const Reciprocal &perRow) {
     for (int c = 0; c < 3; ++c) {
-      step[c] = static_cast<int32_t>(Divide(Target(list, vertex, c) - channel[c], rows));
+      step[c] = static_cast<int32_t>(perRow.Quotient(Target(list, vertex, c) - channel[c]));
     }
   }
 
@@ -38,8 +38,9 @@ struct ColourValues {
 // Moves the colours of a row's ends along to where it is cut.
 inline void CutColours(ColourValues &left, ColourValues &right, int64_t width, int64_t leftCut,
                        int64_t rightCut) {
+  const Reciprocal perPixel(width);
   for (int c = 0; c < 3; ++c) {
-    const int64_t step = Divide(right.channel[c] - left.channel[c], width);
+    const int64_t step = perPixel.Quotient(right.channel[c] - left.channel[c]);
     left.channel[c] += static_cast<int32_t>(leftCut * step);
     right.channel[c] -= static_cast<int32_t>(rightCut * step);
   }

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "core/canvas.h"
-#include "core/ints.h"
+#include "core/reciprocal.h"
 #include "core/vertex_list.h"
 #include "poly/edges.h"
 
@@ -17,7 +17,7 @@ namespace brisal {
 // Values that an edge carries beside x: nothing.
 struct NoValues {
   void Start(const VertexList &, int) {}
-  void AimAt(const VertexList &, int, int64_t) {}
+  void AimAt(const VertexList &, int, const Reciprocal &) {}
   void Advance(int64_t) {}
 };
 
@@ -38,8 +38,9 @@ class Chain {
     const int64_t height = list_.y[vertex_] - row;
     if (height < 0) return false;
     const int64_t rows = std::max<int64_t>(height, 1);
-    step_ = Divide(int64_t{list_.x[vertex_]} * 65536 - x, rows);
-    values.AimAt(list_, vertex_, rows);
+    const Reciprocal perRow(rows);
+    step_ = perRow.Quotient(int64_t{list_.x[vertex_]} * 65536 - x);
+    values.AimAt(list_, vertex_, perRow);
     end_ = row + rows;
     return true;
   }

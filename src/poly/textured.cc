@@ -38,10 +38,10 @@ struct TexelValues {
     colour.Start(list, vertex);
   }
 
-  void AimAt(const VertexList &list, int vertex, int64_t rows) {
-    du = Divide(Fixed(list.u[vertex]) - u, rows);
-    dv = Divide(Fixed(list.v[vertex]) - v, rows);
-    colour.AimAt(list, vertex, rows);
+  void AimAt(const VertexList &list, int vertex, const Reciprocal &perRow) {
+    du = perRow.Quotient(Fixed(list.u[vertex]) - u);
+    dv = perRow.Quotient(Fixed(list.v[vertex]) - v);
+    colour.AimAt(list, vertex, perRow);
   }
 
   void Advance(int64_t rows) {
@@ -71,8 +71,9 @@ bool MakeSpan(const Viewport &view, bool clip, bool shaded, int64_t y,
   const int64_t rightCut = clip ? std::max<int64_t>(right - view.right, 0) : 0;
   if (left + leftCut >= right - rightCut) return false;
 
-  const int64_t du = Divide(r.values.u - l.values.u, steps);
-  const int64_t dv = Divide(r.values.v - l.values.v, steps);
+  const Reciprocal perPixel(steps);
+  const int64_t du = perPixel.Quotient(r.values.u - l.values.u);
+  const int64_t dv = perPixel.Quotient(r.values.v - l.values.v);
   span->Place(y, left + leftCut, right - rightCut);
   span->u = static_cast<int32_t>(l.values.u + leftCut * du);
   span->v = static_cast<int32_t>(l.values.v + leftCut * dv);

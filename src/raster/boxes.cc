@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "brisal/brisal.h"
+#include "core/reciprocal.h"
 #include "pixel/format.h"
 #include "pixel/mode.h"
 #include "raster/pixels.h"
@@ -61,10 +62,10 @@ struct Channels {
     for (int c = 0; c < 3; ++c) value[c] = int64_t{colour >> (16 - 8 * c) & 0xFF} * 65536;
   }
 
-  // The step of each channel that leads to `end` in `count` steps.
-  Channels StepTo(const Channels &end, int64_t count) const {
+  // The step of each channel that leads to `end`, given the reciprocal of their number.
+  Channels StepTo(const Channels &end, const Reciprocal &perStep) const {
     Channels step;
-    for (int c = 0; c < 3; ++c) step.value[c] = Divide(end.value[c] - value[c], count);
+    for (int c = 0; c < 3; ++c) step.value[c] = perStep.Quotient(end.value[c] - value[c]);
     return step;
   }
 
@@ -97,18 +98,18 @@ void DrawShadeBox(const Canvas &canvas, SpanBuffer &spanBuffer, int32_t x1, int3
                   int32_t y2, const uint32_t (&corners)[4], int32_t flags) {
   const Rectangle box(x1, y1, x2, y2);
   const Viewport &view = canvas.viewport;
-  const int64_t width = box.right - box.left;
-  const int64_t height = box.bottom - box.top;
   const int64_t left = std::max<int64_t>(box.left, view.left);
   const int64_t right = std::min<int64_t>(box.right, view.right);
   const int64_t top = std::max<int64_t>(box.top, view.top);
   const int64_t bottom = std::min<int64_t>(box.bottom, view.bottom);
   if (left >= right || top >= bottom) return;
 
+  const Reciprocal perRow(box.bottom - box.top);
+  const Reciprocal perPixel(box.right - box.left);
   Channels leftEdge(corners[0]);
   Channels rightEdge(corners[1]);
-  const Channels leftStep = leftEdge.StepTo(Channels(corners[3]), height);
-  const Channels rightStep = rightEdge.StepTo(Channels(corners[2]), height);
+  const Channels leftStep = leftEdge.StepTo(Channels(corners[3]), perRow);
+  const Channels rightStep = rightEdge.StepTo(Channels(corners[2]), perRow);
   leftEdge.Advance(leftStep, top - box.top);
   rightEdge.Advance(rightStep, top - box.top);
 
@@ -116,7 +117,7 @@ void DrawShadeBox(const Canvas &canvas, SpanBuffer &spanBuffer, int32_t x1, int3
   if (spans == nullptr) return;
   Span *span = spans;
   for (int64_t y = top; y < bottom; ++y, ++span) {
-    const Channels across = leftEdge.StepTo(rightEdge, width);
+    const Channels across = leftEdge.StepTo(rightEdge, perPixel);
     span->Place(y, left, right);
     span->leftColour = leftEdge.ColourAfter(across, left - box.left);
     span->rightColour = leftEdge.ColourAfter(across, right - box.left);
