@@ -71,7 +71,7 @@ class Gallery {
     StopIfInterrupted();
     image.Target();
     BRSL_SetInkAlpha(kOpaqueInk);
-    Stage stage(image.Width(), image.Height(), value);
+    Stage stage(image, value);
     section.scene->draw(stage);
     section.code = stage.Code();
     host::WritePng(folder_.Place(file), image);

@@ -40,7 +40,7 @@ std::string Highlight(const std::string &code) {
     size_t end = i;
     while (end < code.size() && IsWord(code[end])) end++;
     const std::string word = code.substr(i, end - i);
-    if (word.starts_with("BRSL_") && end < code.size() && code[end] == '(') {
+    if ((word.starts_with("BRSL_") || word.starts_with("TPD_")) && end < code.size() && code[end] == '(') {
       result += "<b>" + word + "</b>";
     } else {
       result += word;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "brisal/brisal.h"
+#include "host/image.h"
 
 // Runs statements and keeps their source for the page. It stands at the top level of a scene, one
 // paragraph of code each: what is declared inside stays in scope, what needs no showing goes
@@ -22,22 +23,22 @@ struct Variant {
   int32_t value;
 };
 
-// What a scene draws on: the library's target is a photograph of this size.
+// What a scene draws on: the library's target is a photograph, page.
 class Stage {
  public:
-  Stage(int32_t width, int32_t height, int32_t value)
-      : width_(width), height_(height), value_(value) {}
+  Stage(host::Image &page, int32_t value) : page_(page), value_(value) {}
 
-  int32_t Width() const { return width_; }
-  int32_t Height() const { return height_; }
+  host::Image &Page() { return page_; }
+  int32_t Width() const { return page_.Width(); }
+  int32_t Height() const { return page_.Height(); }
+  int32_t Format() const { return page_.Format(); }
   int32_t Value() const { return value_; }  // of the variant; 0 where the scene has none
 
   void Show(const char *statements);
   const std::string &Code() const { return code_; }
 
  private:
-  int32_t width_;
-  int32_t height_;
+  host::Image &page_;
   int32_t value_;
   std::string code_;
 };
@@ -48,6 +49,7 @@ struct Scene {
   const char *text;
   void (*draw)(Stage &stage);
   std::span<const Variant> variants = {};
+  int32_t lead = BRSL_FORMAT_A32;  // the format that shows it best
 };
 
 // All scenes in the order of the page. A new one is a function and a line in scenes/list.cc.
