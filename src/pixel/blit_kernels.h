@@ -10,7 +10,7 @@ namespace brisal {
 struct Transfer {
   uint8_t *to;
   ptrdiff_t toPitch;
-  uint8_t *from;
+  const uint8_t *from;
   ptrdiff_t fromPitch;
   ptrdiff_t width;
   int64_t rows;

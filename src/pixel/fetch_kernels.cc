@@ -1,18 +1,72 @@
 #include <array>
 #include <type_traits>
 
+#include "core/ints.h"
+#include "pixel/column.h"
 #include "pixel/format.h"
 #include "pixel/texel_kernels.h"
 
 namespace brisal {
 namespace {
 
-template <class F>
-BRISAL_INLINE uint32_t StoredAt(const TexelPath &path, int32_t column, int32_t row) {
-  return F::Load(path.address + row * path.pitch + column * ptrdiff_t{F::kBytes});
-}
+// Each step is a loop of its own over a piece, so that the compiler can make vectors of all but the
+// loads themselves.
+using Places = int64_t[kPiece];
+using Words = uint32_t[kPiece];
+
+constexpr uint32_t kOneTexel = 0x10000;
 
 BRISAL_INLINE int32_t Whole(uint32_t coordinate) { return static_cast<int32_t>(coordinate) >> 16; }
+
+BRISAL_INLINE uint32_t CoordinateAt(uint32_t start, uint32_t step, int i) {
+  return start + step * static_cast<uint32_t>(i);
+}
+
+// The byte offsets of n texels, or of their neighbours `right` columns and `below` rows on; there are
+// none beyond the texture's last column and row.
+template <class F>
+BRISAL_INLINE void FindPlaces(const TexelPath &path, int n, int right, int below, Places &places) {
+  const int32_t lastColumn = path.width - right;
+  const int32_t lastRow = path.height - below;
+  for (int i = 0; i < n; ++i) {
+    const int32_t column = Whole(CoordinateAt(path.u, path.du, i));
+    const int32_t row = Whole(CoordinateAt(path.v, path.dv, i));
+    const int32_t x = column + (column < lastColumn ? right : 0);
+    const int32_t y = row + (row < lastRow ? below : 0);
+    places[i] = int64_t{y} * path.pitch + int64_t{x} * F::kBytes;
+  }
+}
+
+template <class F>
+BRISAL_INLINE void LoadAt(const uint8_t *address, int n, const Places &places, Words &stored) {
+  for (int i = 0; i < n; ++i) stored[i] = F::Load(address + static_cast<ptrdiff_t>(places[i]));
+}
+
+template <class F>
+BRISAL_INLINE void LoadStored(const TexelPath &path, int n, Words &stored) {
+  if (path.du == kOneTexel && path.dv == 0) {
+    const uint8_t *first =
+        path.address + ByteOffset(Whole(path.v), path.pitch) + ByteOffset(Whole(path.u), F::kBytes);
+    for (int i = 0; i < n; ++i) stored[i] = F::Load(first + i * F::kBytes);
+    return;
+  }
+  Places places;
+  FindPlaces<F>(path, n, 0, 0, places);
+  LoadAt<F>(path.address, n, places, stored);
+}
+
+template <class F, bool Compressed>
+BRISAL_INLINE void LoadNeighbours(const TexelPath &path, int n, int right, int below,
+                                  Words &texels) {
+  Places places;
+  FindPlaces<F>(path, n, right, below, places);
+  LoadAt<F>(path.address, n, places, texels);
+  for (int i = 0; i < n; ++i) {
+    const uint32_t texel = F::Widen(texels[i]);
+    // Transparent neighbours count as black.
+    texels[i] = Compressed && texel == path.texelKey ? 0 : texel;
+  }
+}
 
 // a + ((b - a) * f >> 8) on the four bytes of a texel.
 BRISAL_INLINE uint32_t Lerp(uint32_t a, uint32_t b, uint32_t f) {
@@ -21,87 +75,69 @@ BRISAL_INLINE uint32_t Lerp(uint32_t a, uint32_t b, uint32_t f) {
   return (even >> 8 & 0xFF00FF) | (odd & 0xFF00FF00);
 }
 
-// The texel and its neighbours to the right and below, the texture's last column and row repeated.
-struct Quad {
-  uint32_t own;
-  uint32_t right;
-  uint32_t below;
-  uint32_t diagonal;
-};
-
-template <class F>
-BRISAL_INLINE Quad QuadAt(const TexelPath &path, int32_t column, int32_t row) {
-  const int32_t nextColumn = column + 1 < path.width ? column + 1 : column;
-  const int32_t nextRow = row + 1 < path.height ? row + 1 : row;
-  return {F::Widen(StoredAt<F>(path, column, row)), F::Widen(StoredAt<F>(path, nextColumn, row)),
-          F::Widen(StoredAt<F>(path, column, nextRow)),
-          F::Widen(StoredAt<F>(path, nextColumn, nextRow))};
-}
-
-BRISAL_INLINE uint32_t Filter(const Quad &quad, uint32_t u, uint32_t v) {
-  const uint32_t fu = u >> 8 & 255;
-  const uint32_t top = Lerp(quad.own, quad.right, fu);
-  const uint32_t bottom = Lerp(quad.below, quad.diagonal, fu);
-  return Lerp(top, bottom, v >> 8 & 255);
-}
-
-// Transparent neighbours count as black.
-BRISAL_INLINE Quad WithoutKey(Quad quad, uint32_t key) {
-  if (quad.right == key) quad.right = 0;
-  if (quad.below == key) quad.below = 0;
-  if (quad.diagonal == key) quad.diagonal = 0;
-  return quad;
-}
-
-// The runs of the pixels for which opaque(i) holds.
-template <class Opaque>
-BRISAL_INLINE void FindRuns(int n, TexelRuns *runs, Opaque opaque) {
-  runs->count = 0;
-  for (int i = 0; i < n;) {
-    if (!opaque(i)) {
-      ++i;
-      continue;
-    }
-    const int start = i;
-    while (i < n && opaque(i)) ++i;
-    runs->run[runs->count++] = {start, i - start};
+template <class F, bool Compressed>
+BRISAL_INLINE void Filter(const TexelPath &path, int n, const Words &stored, uint32_t *texels) {
+  Words right;
+  Words below;
+  Words diagonal;
+  LoadNeighbours<F, Compressed>(path, n, 1, 0, right);
+  LoadNeighbours<F, Compressed>(path, n, 0, 1, below);
+  LoadNeighbours<F, Compressed>(path, n, 1, 1, diagonal);
+  for (int i = 0; i < n; ++i) {
+    const uint32_t fu = CoordinateAt(path.u, path.du, i) >> 8 & 255;
+    const uint32_t fv = CoordinateAt(path.v, path.dv, i) >> 8 & 255;
+    const uint32_t top = Lerp(F::Widen(stored[i]), right[i], fu);
+    texels[i] = Lerp(top, Lerp(below[i], diagonal[i], fu), fv);
   }
+}
+
+// The runs of the texels that are not the key.
+BRISAL_INLINE void FindRuns(int n, const Words &stored, uint32_t key, TexelRuns *runs) {
+  uint32_t keys = 0;
+  for (int i = 0; i < n; ++i) keys |= stored[i] == key ? 1 : 0;
+  if (keys == 0) {
+    runs->run[0] = {0, n};
+    runs->count = 1;
+    return;
+  }
+  int count = 0;
+  for (int i = 0; i < n;) {
+    while (i < n && stored[i] == key) ++i;
+    const int start = i;
+    while (i < n && stored[i] != key) ++i;
+    if (i > start) runs->run[count++] = {start, i - start};
+  }
+  runs->count = count;
 }
 
 template <class F, bool Filtered, bool Compressed>
-void Fetch(const TexelPath &path, int n, uint32_t *texels, TexelRuns *runs) {
-  uint32_t u = path.u;
-  uint32_t v = path.v;
-  uint32_t stored[kPiece];
-  for (int i = 0; i < n; ++i, u += path.du, v += path.dv) {
-    stored[i] = StoredAt<F>(path, Whole(u), Whole(v));
-  }
-  if constexpr (Compressed) {
-    FindRuns(n, runs, [&](int i) { return stored[i] != path.storedKey; });
-  } else {
-    runs->run[0] = {0, n};
-    runs->count = 1;
-  }
-  if constexpr (!Filtered) {
-    for (int i = 0; i < n; ++i) texels[i] = F::Widen(stored[i]);
-    return;
-  }
-  for (int r = 0; r < runs->count; ++r) {
-    const TexelRun run = runs->run[r];
-    u = path.u + path.du * static_cast<uint32_t>(run.start);
-    v = path.v + path.dv * static_cast<uint32_t>(run.start);
-    for (int i = run.start; i < run.start + run.length; ++i, u += path.du, v += path.dv) {
-      Quad quad = QuadAt<F>(path, Whole(u), Whole(v));
-      if constexpr (Compressed) quad = WithoutKey(quad, path.texelKey);
-      texels[i] = Filter(quad, u, v);
+struct Fetch {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const TexelPath *given, int n, uint32_t *texels, TexelRuns *runs) {
+    const TexelPath path = *given;
+    Words stored;
+    LoadStored<F>(path, n, stored);
+    if constexpr (Compressed) {
+      FindRuns(n, stored, path.storedKey, runs);
+      if (runs->count == 0) return;
+    } else {
+      runs->run[0] = {0, n};
+      runs->count = 1;
+    }
+    if constexpr (Filtered) {
+      Filter<F, Compressed>(path, n, stored, texels);
+    } else {
+      for (int i = 0; i < n; ++i) texels[i] = F::Widen(stored[i]);
     }
   }
-}
+};
+
+using Fetchers = Kernels<const TexelPath *, int, uint32_t *, TexelRuns *>;
 
 template <bool Filtered, bool Compressed, class... F>
-constexpr std::array<FetchKernel, sizeof...(F)> FetchRow(TypeList<F...>) {
-  return {
-      &Fetch<std::conditional_t<std::is_same_v<F, Argb32>, Xrgb32, F>, Filtered, Compressed>...};
+constexpr auto FetchRow(TypeList<F...>) {
+  return std::array{Fetchers::template Of<
+      Fetch<std::conditional_t<std::is_same_v<F, Argb32>, Xrgb32, F>, Filtered, Compressed>>()...};
 }
 
 // [filtered][compressed][format code - 1]
@@ -111,15 +147,9 @@ constexpr std::array kFetchKernels = {
 
 }  // namespace
 
-FetchKernel FindFetchKernel(int32_t format, bool filtered, bool compressed) {
+FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed) {
   if (!IsFormat(format)) return nullptr;
-  return kFetchKernels[filtered][compressed][static_cast<size_t>(format - 1)];
-}
-
-uint32_t SampleBilinear(const TexelPath &path, int32_t format) {
-  return WithFormat(format, 0u, [&](auto f) {
-    return Filter(QuadAt<decltype(f)>(path, Whole(path.u), Whole(path.v)), path.u, path.v);
-  });
+  return kFetchKernels[filtered][compressed][static_cast<size_t>(format - 1)].columns[wide];
 }
 
 }  // namespace brisal

@@ -1,7 +1,7 @@
 #include "pixel/filter_kernels.h"
 
 #include "pixel/column.h"
-#include "pixel/lanes.h"
+#include "pixel/format.h"
 
 namespace brisal {
 namespace {
@@ -10,8 +10,7 @@ BRISAL_INLINE uint32_t Byte(uint32_t colour, int shift) { return colour >> shift
 
 struct FadeColours {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(uint32_t *colours, int n, uint32_t factor) {
-    uint8_t *bytes = reinterpret_cast<uint8_t *>(colours);
+  BRISAL_INLINE static void Run(uint8_t *bytes, int n, uint32_t factor) {
     for (int i = 0; i < 4 * n; ++i) {
       const uint32_t faded = bytes[i] * factor >> 8;
       bytes[i] = static_cast<uint8_t>(faded < 255 ? faded : 255);
@@ -21,11 +20,11 @@ struct FadeColours {
 
 struct GreyColours {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(uint32_t *colours, int n) {
+  BRISAL_INLINE static void Run(uint8_t *colours, int n) {
     for (int i = 0; i < n; ++i) {
-      const uint32_t c = colours[i];
+      const uint32_t c = Xrgb32::Load(colours + 4 * i);
       const uint32_t grey = (Byte(c, 16) * 225 + Byte(c, 8) * 723 + Byte(c, 0) * 76) >> 10;
-      colours[i] = (c & 0xFF000000) | grey * 0x010101;
+      Xrgb32::Store(colours + 4 * i, (c & 0xFF000000) | grey * 0x010101);
     }
   }
 };
@@ -82,11 +81,11 @@ struct BlurColours {
 }  // namespace
 
 FadeKernel FindFadeKernel(bool wide) {
-  return Kernels<uint32_t *, int, uint32_t>::Of<FadeColours>().columns[wide];
+  return Kernels<uint8_t *, int, uint32_t>::Of<FadeColours>().columns[wide];
 }
 
 GreyKernel FindGreyKernel(bool wide) {
-  return Kernels<uint32_t *, int>::Of<GreyColours>().columns[wide];
+  return Kernels<uint8_t *, int>::Of<GreyColours>().columns[wide];
 }
 
 BlurKernel FindBlurKernel(bool wide) {

@@ -4,9 +4,9 @@
 
 namespace brisal {
 
-// Each changes n colours in place.
-using FadeKernel = void (*)(uint32_t *colours, int n, uint32_t factor);
-using GreyKernel = void (*)(uint32_t *colours, int n);
+// Each changes n colours of four bytes in place.
+using FadeKernel = void (*)(uint8_t *colours, int n, uint32_t factor);
+using GreyKernel = void (*)(uint8_t *colours, int n);
 
 // Every byte becomes min(byte * factor >> 8, 255); the factor is at most 1024.
 FadeKernel FindFadeKernel(bool wide);

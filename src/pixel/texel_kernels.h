@@ -39,11 +39,8 @@ struct TexelPath {
 
 // Reads n texels, 0xAARRGGBB. Runs are those of the texels that are not the mask colour, or the whole
 // piece where the sampling does not look for it.
-using FetchKernel = void (*)(const TexelPath &path, int n, uint32_t *texels, TexelRuns *runs);
-FetchKernel FindFetchKernel(int32_t format, bool filtered, bool compressed);
-
-// One filtered texel.
-uint32_t SampleBilinear(const TexelPath &path, int32_t format);
+using FetchKernel = void (*)(const TexelPath *path, int n, uint32_t *texels, TexelRuns *runs);
+FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed);
 
 // The colours of n pixels of a shaded span from the `first` on.
 using RampKernel = void (*)(const Span *span, int64_t first, int n, uint32_t *colours);

@@ -37,7 +37,7 @@ class TexturePainter {
     const bool compressed = pipeline.maskCompression == 1;
     // A plain copy leaves mask-coloured texels out whatever the compression.
     const bool direct = IsDirect(texture);
-    fetch_ = FindFetchKernel(texture.format, pipeline.filterFlag == 1,
+    fetch_ = FindFetchKernel(canvas.wide, texture.format, pipeline.filterFlag == 1,
                              direct ? keepsTarget_ : compressed);
     fillsGaps_ = !keepsTarget_ && compressed && !direct;
     output_ = FindOutputKernel(canvas.wide, OutputOf(texture), canvas.target.format);
@@ -97,7 +97,8 @@ class TexturePainter {
     TexelRuns runs;
     for (int64_t first = 0; first < width; first += kPiece) {
       const int n = static_cast<int>(std::min<int64_t>(width - first, kPiece));
-      fetch_(PathAt(span, first), n, texels, &runs);
+      const TexelPath path = PathAt(span, first);
+      fetch_(&path, n, texels, &runs);
       if (runs.count > 0) return false;
     }
     return true;
@@ -106,7 +107,8 @@ class TexturePainter {
   void DrawPiece(const Span &span, int64_t first, int n) {
     uint32_t texels[kPiece];
     TexelRuns runs;
-    fetch_(PathAt(span, first), n, texels, &runs);
+    const TexelPath path = PathAt(span, first);
+    fetch_(&path, n, texels, &runs);
     if (runs.count > 0) {
       uint32_t *shades = gouraud_.colour + first % GouraudBuffer::kEntries;
       if (pipeline_.gouraudState == 1) ramp_(&span, first, n, shades);

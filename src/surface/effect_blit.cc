@@ -54,6 +54,65 @@ void Tint(bool wide, const Buffer &buffer, Rule rule, uint32_t packed, int64_t x
   FindSpanKernel(wide, rule, buffer.format)(runs, buffer, packed, 0);
 }
 
+// The buffers and the way of one call, for any part of its area.
+struct EffectBlit {
+  const Canvas &canvas;
+  const Buffer &source;
+  const Buffer &blendSource;
+  Plan plan;
+  uint32_t packed;
+
+  void Draw(const BlitArea &part) const {
+    switch (plan.way) {
+      case Way::kNone: return;
+      case Way::kMix: return Mix(part);
+      case Way::kTint:
+        Copy(part);
+        return Tint(canvas.wide, canvas.target, plan.rule, packed, part.x, part.y, part);
+      case Way::kTintBoth: TintSource(part); return Copy(part);
+      case Way::kMoveAndTint: Copy(part); return TintSource(part);
+    }
+  }
+
+  void Copy(const BlitArea &part) const {
+    const Transfer transfer = MakeTransfer(canvas.target, source, part);
+    FindBlitKernel(canvas.wide, source.format, source.format, 0)(transfer, 0);
+  }
+
+  void TintSource(const BlitArea &part) const {
+    Tint(canvas.wide, source, plan.rule, packed, part.left, part.top, part);
+  }
+
+  void Mix(const BlitArea &part) const {
+    const Transfer transfer = MakeTransfer(canvas.target, source, part);
+    const Transfer blend = MakeTransfer(canvas.target, blendSource, part);
+    FindMixKernel(canvas.wide, plan.rule, source.format)(transfer, blend.from, blend.fromPitch);
+  }
+
+  // Whether a pixel of some row is read after a pixel to its left has been written over it.
+  bool RunsInto(const Buffer &from, const BlitArea &part) const {
+    const int bytes = BytesPerPixel(source.format);
+    const uintptr_t width = static_cast<uintptr_t>(part.right - part.left) * bytes;
+    for (int64_t row = 0; row < part.bottom - part.top; ++row) {
+      const auto to = reinterpret_cast<uintptr_t>(canvas.target.Row(part.y + row));
+      const auto at = reinterpret_cast<uintptr_t>(from.Row(part.top + row));
+      const uintptr_t ahead = to + part.x * bytes - at - part.left * bytes;
+      if (ahead != 0 && ahead < width) return true;
+    }
+    return false;
+  }
+
+  void DrawPixelByPixel(const BlitArea &part) const {
+    for (int64_t y = 0; y < part.bottom - part.top; ++y) {
+      for (int64_t x = 0; x < part.right - part.left; ++x) {
+        const int64_t left = part.left + x;
+        const int64_t top = part.top + y;
+        Draw({left, top, left + 1, top + 1, part.x + x, part.y + y});
+      }
+    }
+  }
+};
+
 }  // namespace
 
 void BlitWithEffect(const Canvas &canvas, const Buffer &source, const Buffer &blendSource,
@@ -65,28 +124,13 @@ void BlitWithEffect(const Canvas &canvas, const Buffer &source, const Buffer &bl
   const BlitArea part = Clip(area, canvas.viewport);
   if (part.IsEmpty()) return;
 
-  const Transfer transfer = MakeTransfer(canvas.target, source, part);
-  const uint32_t packed = PackColour(effect.colour, source.format);
-  const auto copy = [&] {
-    FindBlitKernel(canvas.wide, source.format, source.format, 0)(transfer, 0);
-  };
-  const auto tintSource = [&] {
-    Tint(canvas.wide, source, plan.rule, packed, part.left, part.top, part);
-  };
-  switch (plan.way) {
-    case Way::kNone: return;
-    case Way::kMix: {
-      const uint8_t *with =
-          blendSource.Row(part.top) + ByteOffset(part.left, BytesPerPixel(source.format));
-      FindMixKernel(canvas.wide, plan.rule, source.format)(transfer, with, blendSource.pitch);
-      return;
-    }
-    case Way::kTint:
-      copy();
-      return Tint(canvas.wide, canvas.target, plan.rule, packed, part.x, part.y, part);
-    case Way::kTintBoth: tintSource(); return copy();
-    case Way::kMoveAndTint: copy(); return tintSource();
-  }
+  // The blend source is taken to have the source's format.
+  const Buffer blend = {blendSource.address, blendSource.pitch, source.format};
+  const EffectBlit blit = {canvas, source, blend, plan, PackColour(effect.colour, source.format)};
+  const bool overlaps =
+      blit.RunsInto(source, part) || (plan.way == Way::kMix && blit.RunsInto(blend, part));
+  if (overlaps) return blit.DrawPixelByPixel(part);
+  blit.Draw(part);
 }
 
 }  // namespace brisal

@@ -58,7 +58,7 @@ void Blur(bool wide, const Surface &surface, float divisor) {
   const Buffer buffer = BufferOf(surface);
   const auto row = [&](int64_t y) { return static_cast<int32_t>(surface.viewTop + y); };
   for (int64_t y = 0; y < height; ++y) {
-    ReadRow(buffer, surface.viewLeft, row(y), width, copy + y * width);
+    ReadRow(wide, buffer, surface.viewLeft, row(y), width, copy + y * width);
   }
   uint8_t table[kBlurEntries];
   FillBlurTable(divisor, table);
@@ -70,7 +70,7 @@ void Blur(bool wide, const Surface &surface, float divisor) {
     const uint32_t *below = copy + std::min<int64_t>(y + 1, height - 1) * width;
     const BlurRows blur = {{above, copy + y * width, below}, result, width, table, factor};
     kernel(&blur);
-    WriteRow(buffer, surface.viewLeft, row(y), width, result);
+    WriteRow(wide, buffer, surface.viewLeft, row(y), width, result);
   }
   std::free(copy);
 }
@@ -79,44 +79,46 @@ void Fade(bool wide, const Surface &surface, int32_t percent) {
   const double factor = percent * static_cast<double>(0.01f) * 256;
   const uint32_t weight = static_cast<uint32_t>(std::clamp(factor, 0.0, 1024.0));
   const FadeKernel kernel = FindFadeKernel(wide);
-  ChangeColours(surface, [&](int32_t, int32_t, int n, uint32_t *c) { kernel(c, n, weight); });
+  ChangeColours(wide, surface, [&](int32_t, int32_t, int n, uint8_t *c) { kernel(c, n, weight); });
 }
 
 void GreyScale(bool wide, const Surface &surface) {
   const GreyKernel kernel = FindGreyKernel(wide);
-  ChangeColours(surface, [&](int32_t, int32_t, int n, uint32_t *c) { kernel(c, n); });
+  ChangeColours(wide, surface, [&](int32_t, int32_t, int n, uint8_t *c) { kernel(c, n); });
 }
 
-void LightUp(const Surface &surface, const Light &light) {
-  ChangeColours(surface, [&](int32_t x, int32_t y, int n, uint32_t *colours) {
+void LightUp(bool wide, const Surface &surface, const Light &light) {
+  ChangeColours(wide, surface, [&](int32_t x, int32_t y, int n, uint8_t *colours) {
     for (int i = 0; i < n; ++i) {
       const double level = LevelAt(light, x + i, y);
       // From 256 on every byte but 0 is 255.
       const int64_t factor = level > 0 ? static_cast<int64_t>(std::min(level, 256.0) * 65536) : 0;
+      const uint32_t colour = Xrgb32::Load(colours + 4 * i);
       uint32_t lit = 0;
       for (int shift = 16; shift >= 0; shift -= 8) {
-        const int64_t byte = (int64_t{colours[i] >> shift & 0xFF} * factor) >> 16;
+        const int64_t byte = (int64_t{colour >> shift & 0xFF} * factor) >> 16;
         lit |= static_cast<uint32_t>(std::min<int64_t>(byte, 255)) << shift;
       }
-      colours[i] = lit;
+      Xrgb32::Store(colours + 4 * i, lit);
     }
   });
 }
 
-void PaintLight(const Surface &surface, const Light &light, uint32_t colour) {
-  ChangeColours(surface, [&](int32_t x, int32_t y, int n, uint32_t *colours) {
+void PaintLight(bool wide, const Surface &surface, const Light &light, uint32_t colour) {
+  ChangeColours(wide, surface, [&](int32_t x, int32_t y, int n, uint8_t *colours) {
     for (int i = 0; i < n; ++i) {
       const double level = LevelAt(light, x + i, y);
       const auto channel = [&](int shift) {
         const double value = level * (colour >> shift & 0xFF);
         return static_cast<int32_t>(std::clamp(value, 0.0, 255.0));
       };
-      colours[i] = level > 0 ? ColourWithIntensity(channel(16), channel(8), channel(0)) : 0;
+      const uint32_t lit = level > 0 ? ColourWithIntensity(channel(16), channel(8), channel(0)) : 0;
+      Xrgb32::Store(colours + 4 * i, lit);
     }
   });
 }
 
-void PrepareEffectSurface(const Surface &source, const Surface &destination) {
+void PrepareEffectSurface(bool wide, const Surface &source, const Surface &destination) {
   if (destination.format != BRSL_FORMAT_A32) {
     const int32_t left = std::max(destination.viewLeft, 0);
     const int32_t right = std::min(destination.viewRight, destination.width);
@@ -136,11 +138,11 @@ void PrepareEffectSurface(const Surface &source, const Surface &destination) {
   for (int32_t y = 0; y < destination.height && IsFormat(source.format); ++y) {
     for (int64_t x = 0; x < destination.width; x += kRowPiece) {
       const int64_t n = std::min<int64_t>(destination.width - x, kRowPiece);
-      ReadRow(from, static_cast<int32_t>(x), y, n, colours);
+      ReadRow(wide, from, static_cast<int32_t>(x), y, n, colours);
       for (int64_t i = 0; i < n && marks; ++i) {
         if (colours[i] != key) colours[i] |= 0xFF000000;
       }
-      WriteRow(to, static_cast<int32_t>(x), y, n, colours);
+      WriteRow(wide, to, static_cast<int32_t>(x), y, n, colours);
     }
   }
 }

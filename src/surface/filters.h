@@ -20,12 +20,12 @@ struct Light {
   float falloff;
 };
 
-void LightUp(const Surface &surface, const Light &light);
-void PaintLight(const Surface &surface, const Light &light, uint32_t colour);
+void LightUp(bool wide, const Surface &surface, const Light &light);
+void PaintLight(bool wide, const Surface &surface, const Light &light, uint32_t colour);
 
 // Fills an effect surface from an ordinary one: format 5 gets an alpha that marks mask-coloured
 // pixels as transparent.
-void PrepareEffectSurface(const Surface &source, const Surface &destination);
+void PrepareEffectSurface(bool wide, const Surface &source, const Surface &destination);
 
 // Exchanges the pixels of a rectangle of the target, right and bottom exclusive, with their mirror
 // images; what lies outside the viewport reads as 0.

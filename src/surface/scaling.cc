@@ -9,9 +9,12 @@
 namespace brisal {
 namespace {
 
-// Writes the part of a destination's rows that its viewport shows; colour(x, y) gives each pixel.
-template <class Colour>
-void FillSurface(const Surface &destination, Colour colour) {
+static_assert(kRowPiece <= kPiece);
+
+// Writes the part of a destination's rows that its viewport shows; fill(x, y, n, colours) gives the
+// pixels, piece by piece.
+template <class FillPiece>
+void FillSurface(bool wide, const Surface &destination, FillPiece fill) {
   const int64_t left = std::max(destination.viewLeft, 0);
   const int64_t right = std::min(destination.viewRight, destination.width);
   const int64_t bottom = std::min(destination.viewBottom, destination.height);
@@ -19,9 +22,9 @@ void FillSurface(const Surface &destination, Colour colour) {
   uint32_t colours[kRowPiece];
   for (int64_t y = std::max(destination.viewTop, 0); y < bottom; ++y) {
     for (int64_t x = left; x < right; x += kRowPiece) {
-      const int64_t n = std::min<int64_t>(right - x, kRowPiece);
-      for (int64_t i = 0; i < n; ++i) colours[i] = colour(x + i, y);
-      WriteRow(buffer, static_cast<int32_t>(x), static_cast<int32_t>(y), n, colours);
+      const int n = static_cast<int>(std::min<int64_t>(right - x, kRowPiece));
+      fill(x, y, n, colours);
+      WriteRow(wide, buffer, static_cast<int32_t>(x), static_cast<int32_t>(y), n, colours);
     }
   }
 }
@@ -67,33 +70,39 @@ bool IsTransparent(uint32_t colour, int32_t format, uint32_t key) {
 
 }  // namespace
 
-void ScaleSurface(const Surface &source, const Surface &destination, int32_t mode) {
+void ScaleSurface(bool wide, const Surface &source, const Surface &destination, int32_t mode) {
   if (destination.width < 1 || destination.height < 1) return;
   const int64_t xStep = Divide(int64_t{source.width} * 65536, destination.width);
   const int64_t yStep = Divide(int64_t{source.height} * 65536, destination.height);
   if (mode == 0) {
-    FillSurface(destination, [&](int64_t x, int64_t y) {
-      return Peek(source, Whole(x * xStep), Whole(y * yStep));
+    FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
+      const int32_t row = Whole(y * yStep);
+      for (int i = 0; i < n; ++i) colours[i] = Peek(source, Whole((x + i) * xStep), row);
     });
   } else if (mode == 1111) {
-    FillSurface(destination,
-                [&](int64_t x, int64_t y) { return SampleView(source, x * xStep, y * yStep); });
+    FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
+      for (int i = 0; i < n; ++i) colours[i] = SampleView(source, (x + i) * xStep, y * yStep);
+    });
   } else if (mode == 1 && source.width > 0 && source.height > 0) {
+    const FetchKernel fetch = FindFetchKernel(wide, source.format, true, false);
+    if (fetch == nullptr) return;
     TexelPath path = {};
     path.address = static_cast<const uint8_t *>(source.address);
     path.pitch = source.pitch;
     path.width = source.width;
     path.height = source.height;
-    FillSurface(destination, [&](int64_t x, int64_t y) {
+    path.du = static_cast<uint32_t>(xStep);
+    FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
       path.u = static_cast<uint32_t>(x * xStep);
       path.v = static_cast<uint32_t>(y * yStep);
-      return SampleBilinear(path, source.format);
+      TexelRuns runs;
+      fetch(&path, n, colours, &runs);
     });
   }
 }
 
-bool CopyMapBlock(const Surface &source, const Block &block, const Surface &destination, int32_t x,
-                  int32_t y, uint32_t *rowBuffer, uint32_t maskColour) {
+bool CopyMapBlock(bool wide, const Surface &source, const Block &block, const Surface &destination,
+                  int32_t x, int32_t y, uint32_t *rowBuffer, uint32_t maskColour) {
   const int64_t width = int64_t{block.right} - block.left;
   if (width < 1 || rowBuffer == nullptr || !IsFormat(source.format)) return false;
   const uint32_t key = MaskAsColour(maskColour, source.format);
@@ -101,13 +110,13 @@ bool CopyMapBlock(const Surface &source, const Block &block, const Surface &dest
   const int64_t last = std::min<int64_t>(int64_t{destination.width} - x, width);
   bool transparent = false;
   for (int64_t row = block.top; row < block.bottom; ++row) {
-    ReadRow(BufferOf(source), block.left, static_cast<int32_t>(row), width, rowBuffer);
+    ReadRow(wide, BufferOf(source), block.left, static_cast<int32_t>(row), width, rowBuffer);
     for (int64_t i = 0; i < width && !transparent; ++i) {
       transparent = IsTransparent(rowBuffer[i], source.format, key);
     }
     const int64_t to = y + (row - block.top);
     if (to < 0 || to >= destination.height || first >= last) continue;
-    WriteRow(BufferOf(destination), static_cast<int32_t>(x + first), static_cast<int32_t>(to),
+    WriteRow(wide, BufferOf(destination), static_cast<int32_t>(x + first), static_cast<int32_t>(to),
              last - first, rowBuffer + first);
   }
   return transparent;

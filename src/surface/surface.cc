@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "pixel/blit_kernels.h"
 #include "pixel/format.h"
 #include "raster/pixels.h"
 
@@ -36,23 +37,29 @@ void Poke(const Surface &surface, int32_t x, int32_t y, uint32_t colour) {
 }
 
 void PokeUnclipped(const Buffer &buffer, int32_t x, int32_t y, uint32_t colour) {
-  WriteRow(buffer, x, y, 1, &colour);
-}
-
-void ReadRow(const Buffer &buffer, int32_t x, int32_t y, int64_t count, uint32_t *colours) {
   WithFormat(buffer.format, 0, [&](auto f) {
-    const uint8_t *p = buffer.Row(y) + ByteOffset(x, f.kBytes);
-    for (int64_t i = 0; i < count; ++i, p += f.kBytes) colours[i] = f.Widen(f.Load(p));
+    f.Store(buffer.Row(y) + ByteOffset(x, f.kBytes), f.Pack(colour));
     return 0;
   });
 }
 
-void WriteRow(const Buffer &buffer, int32_t x, int32_t y, int64_t count, const uint32_t *colours) {
-  WithFormat(buffer.format, 0, [&](auto f) {
-    uint8_t *p = buffer.Row(y) + ByteOffset(x, f.kBytes);
-    for (int64_t i = 0; i < count; ++i, p += f.kBytes) f.Store(p, f.Pack(colours[i]));
-    return 0;
-  });
+// A row of colours is a row of 32-bit pixels.
+void ReadRow(bool wide, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
+             uint32_t *colours) {
+  const BlitKernel kernel = FindBlitKernel(wide, BRSL_FORMAT_X32, buffer.format, 0);
+  if (kernel == nullptr || count < 1) return;
+  uint8_t *from = buffer.Row(y) + ByteOffset(x, BytesPerPixel(buffer.format));
+  auto *to = reinterpret_cast<uint8_t *>(colours);
+  kernel({to, 0, from, 0, static_cast<ptrdiff_t>(count), 1}, 0);
+}
+
+void WriteRow(bool wide, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
+              const uint32_t *colours) {
+  const BlitKernel kernel = FindBlitKernel(wide, buffer.format, BRSL_FORMAT_A32, 0);
+  if (kernel == nullptr || count < 1) return;
+  uint8_t *to = buffer.Row(y) + ByteOffset(x, BytesPerPixel(buffer.format));
+  const auto *from = reinterpret_cast<const uint8_t *>(colours);
+  kernel({to, 0, from, 0, static_cast<ptrdiff_t>(count), 1}, 0);
 }
 
 int32_t PixelRunLength(const Canvas &canvas, int32_t x, int32_t y, int32_t xStep, int32_t yStep,
