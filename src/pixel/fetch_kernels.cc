@@ -9,62 +9,56 @@
 namespace brisal {
 namespace {
 
-// Each step is a loop of its own over a piece, so that the compiler can make vectors of all but the
-// loads themselves.
-using Places = int64_t[kPiece];
+// Texels are loaded one by one into small buffers; what is done with them then is a loop of its own,
+// of which the compiler makes vectors.
 using Words = uint32_t[kPiece];
 
 constexpr uint32_t kOneTexel = 0x10000;
 
 BRISAL_INLINE int32_t Whole(uint32_t coordinate) { return static_cast<int32_t>(coordinate) >> 16; }
 
-BRISAL_INLINE uint32_t CoordinateAt(uint32_t start, uint32_t step, int i) {
-  return start + step * static_cast<uint32_t>(i);
-}
-
-// The byte offsets of n texels, or of their neighbours `right` columns and `below` rows on; there are
-// none beyond the texture's last column and row.
 template <class F>
-BRISAL_INLINE void FindPlaces(const TexelPath &path, int n, int right, int below, Places &places) {
-  const int32_t lastColumn = path.width - right;
-  const int32_t lastRow = path.height - below;
-  for (int i = 0; i < n; ++i) {
-    const int32_t column = Whole(CoordinateAt(path.u, path.du, i));
-    const int32_t row = Whole(CoordinateAt(path.v, path.dv, i));
-    const int32_t x = column + (column < lastColumn ? right : 0);
-    const int32_t y = row + (row < lastRow ? below : 0);
-    places[i] = int64_t{y} * path.pitch + int64_t{x} * F::kBytes;
-  }
-}
-
-template <class F>
-BRISAL_INLINE void LoadAt(const uint8_t *address, int n, const Places &places, Words &stored) {
-  for (int i = 0; i < n; ++i) stored[i] = F::Load(address + static_cast<ptrdiff_t>(places[i]));
+BRISAL_INLINE const uint8_t *TexelAt(const TexelPath &path, int32_t column, int32_t row) {
+  return path.address + row * path.pitch + ptrdiff_t{column} * F::kBytes;
 }
 
 template <class F>
 BRISAL_INLINE void LoadStored(const TexelPath &path, int n, Words &stored) {
+  uint32_t u = path.u;
+  uint32_t v = path.v;
   if (path.du == kOneTexel && path.dv == 0) {
-    const uint8_t *first =
-        path.address + ByteOffset(Whole(path.v), path.pitch) + ByteOffset(Whole(path.u), F::kBytes);
+    const uint8_t *first = TexelAt<F>(path, Whole(u), Whole(v));
     for (int i = 0; i < n; ++i) stored[i] = F::Load(first + i * F::kBytes);
     return;
   }
-  Places places;
-  FindPlaces<F>(path, n, 0, 0, places);
-  LoadAt<F>(path.address, n, places, stored);
+  for (int i = 0; i < n; ++i, u += path.du, v += path.dv) {
+    stored[i] = F::Load(TexelAt<F>(path, Whole(u), Whole(v)));
+  }
 }
 
-template <class F, bool Compressed>
-BRISAL_INLINE void LoadNeighbours(const TexelPath &path, int n, int right, int below,
-                                  Words &texels) {
-  Places places;
-  FindPlaces<F>(path, n, right, below, places);
-  LoadAt<F>(path.address, n, places, texels);
-  for (int i = 0; i < n; ++i) {
-    const uint32_t texel = F::Widen(texels[i]);
-    // Transparent neighbours count as black.
-    texels[i] = Compressed && texel == path.texelKey ? 0 : texel;
+// The texels and their neighbours, as they are stored: to the right, below, and diagonal. The
+// texture's last column and row are repeated.
+struct Neighbourhood {
+  Words own;
+  Words right;
+  Words below;
+  Words diagonal;
+};
+
+template <class F>
+BRISAL_INLINE void LoadNeighbourhood(const TexelPath &path, int n, Neighbourhood &around) {
+  uint32_t u = path.u;
+  uint32_t v = path.v;
+  for (int i = 0; i < n; ++i, u += path.du, v += path.dv) {
+    const int32_t column = Whole(u);
+    const int32_t row = Whole(v);
+    const uint8_t *texel = TexelAt<F>(path, column, row);
+    const ptrdiff_t across = column + 1 < path.width ? F::kBytes : 0;
+    const ptrdiff_t down = row + 1 < path.height ? path.pitch : 0;
+    around.own[i] = F::Load(texel);
+    around.right[i] = F::Load(texel + across);
+    around.below[i] = F::Load(texel + down);
+    around.diagonal[i] = F::Load(texel + across + down);
   }
 }
 
@@ -75,19 +69,25 @@ BRISAL_INLINE uint32_t Lerp(uint32_t a, uint32_t b, uint32_t f) {
   return (even >> 8 & 0xFF00FF) | (odd & 0xFF00FF00);
 }
 
+// A neighbour as a texel; transparent ones count as black.
 template <class F, bool Compressed>
-BRISAL_INLINE void Filter(const TexelPath &path, int n, const Words &stored, uint32_t *texels) {
-  Words right;
-  Words below;
-  Words diagonal;
-  LoadNeighbours<F, Compressed>(path, n, 1, 0, right);
-  LoadNeighbours<F, Compressed>(path, n, 0, 1, below);
-  LoadNeighbours<F, Compressed>(path, n, 1, 1, diagonal);
+BRISAL_INLINE uint32_t Neighbour(uint32_t stored, uint32_t key) {
+  const uint32_t texel = F::Widen(stored);
+  return Compressed && texel == key ? 0 : texel;
+}
+
+template <class F, bool Compressed>
+BRISAL_INLINE void Filter(const TexelPath &path, int n, const Neighbourhood &around,
+                          uint32_t *texels) {
+  const uint32_t key = path.texelKey;
   for (int i = 0; i < n; ++i) {
-    const uint32_t fu = CoordinateAt(path.u, path.du, i) >> 8 & 255;
-    const uint32_t fv = CoordinateAt(path.v, path.dv, i) >> 8 & 255;
-    const uint32_t top = Lerp(F::Widen(stored[i]), right[i], fu);
-    texels[i] = Lerp(top, Lerp(below[i], diagonal[i], fu), fv);
+    const uint32_t fu = (path.u + path.du * static_cast<uint32_t>(i)) >> 8 & 255;
+    const uint32_t fv = (path.v + path.dv * static_cast<uint32_t>(i)) >> 8 & 255;
+    const uint32_t right = Neighbour<F, Compressed>(around.right[i], key);
+    const uint32_t below = Neighbour<F, Compressed>(around.below[i], key);
+    const uint32_t diagonal = Neighbour<F, Compressed>(around.diagonal[i], key);
+    const uint32_t top = Lerp(F::Widen(around.own[i]), right, fu);
+    texels[i] = Lerp(top, Lerp(below, diagonal, fu), fv);
   }
 }
 
@@ -115,29 +115,40 @@ struct Fetch {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const TexelPath *given, int n, uint32_t *texels, TexelRuns *runs) {
     const TexelPath path = *given;
-    Words stored;
-    LoadStored<F>(path, n, stored);
+    Neighbourhood around;
+    if constexpr (Filtered) {
+      LoadNeighbourhood<F>(path, n, around);
+    } else {
+      LoadStored<F>(path, n, around.own);
+    }
     if constexpr (Compressed) {
-      FindRuns(n, stored, path.storedKey, runs);
+      FindRuns(n, around.own, path.storedKey, runs);
       if (runs->count == 0) return;
     } else {
       runs->run[0] = {0, n};
       runs->count = 1;
     }
     if constexpr (Filtered) {
-      Filter<F, Compressed>(path, n, stored, texels);
+      Filter<F, Compressed>(path, n, around, texels);
     } else {
-      for (int i = 0; i < n; ++i) texels[i] = F::Widen(stored[i]);
+      for (int i = 0; i < n; ++i) texels[i] = F::Widen(around.own[i]);
     }
   }
 };
 
 using Fetchers = Kernels<const TexelPath *, int, uint32_t *, TexelRuns *>;
 
+template <bool Filtered, bool Compressed, class F>
+constexpr Fetchers FetcherOf() {
+  using Kernel =
+      Fetch<std::conditional_t<std::is_same_v<F, Argb32>, Xrgb32, F>, Filtered, Compressed>;
+  if constexpr (Filtered) return Fetchers::Of<Kernel>();
+  return Fetchers::PlainOf<Kernel>();
+}
+
 template <bool Filtered, bool Compressed, class... F>
 constexpr auto FetchRow(TypeList<F...>) {
-  return std::array{Fetchers::template Of<
-      Fetch<std::conditional_t<std::is_same_v<F, Argb32>, Xrgb32, F>, Filtered, Compressed>>()...};
+  return std::array{FetcherOf<Filtered, Compressed, F>()...};
 }
 
 // [filtered][compressed][format code - 1]

@@ -49,7 +49,8 @@ class TexturePainter {
 
   void Draw(const Span &span) {
     const int64_t width = int64_t{span.right} - span.left;
-    if (width < 1 || (fillsGaps_ && IsTransparent(span, width))) return;
+    if (width < 1) return;
+    if (fillsGaps_ && width > kPiece && IsTransparent(span, width)) return;
     for (int64_t first = 0; first < width; first += kPiece) {
       DrawPiece(span, first, static_cast<int>(std::min<int64_t>(width - first, kPiece)));
     }
@@ -109,6 +110,8 @@ class TexturePainter {
     TexelRuns runs;
     const TexelPath path = PathAt(span, first);
     fetch_(&path, n, texels, &runs);
+    const bool wholeSpan = n == int64_t{span.right} - span.left;
+    if (runs.count == 0 && wholeSpan) return;
     if (runs.count > 0) {
       uint32_t *shades = gouraud_.colour + first % GouraudBuffer::kEntries;
       if (pipeline_.gouraudState == 1) ramp_(&span, first, n, shades);

@@ -1,6 +1,7 @@
 #include "poly/textured.h"
 
 #include <algorithm>
+#include <type_traits>
 
 #include "poly/colour_values.h"
 #include "poly/edge_walker.h"
@@ -28,9 +29,9 @@ struct SpriteRules {
   }
 };
 
-// Texel coordinates in 16.16 and a colour, carried along an edge. At a vertex they carry on from the
-// value reached.
-template <class Rules>
+// Texel coordinates in 16.16, and a colour where the pipeline asks for it, carried along an edge. At a
+// vertex they carry on from the value reached.
+template <class Rules, bool Shaded>
 struct TexelValues {
   void Start(const VertexList &list, int vertex) {
     u = Fixed(list.u[vertex]);
@@ -56,13 +57,14 @@ struct TexelValues {
   int64_t v = 0;
   int64_t du = 0;
   int64_t dv = 0;
-  ColourValues colour;
+  [[no_unique_address]] std::conditional_t<Shaded, ColourValues, NoValues> colour;
 };
 
 // One row between two edges, cut to the view. False where nothing of it is left.
-template <class Rules>
-bool MakeSpan(const Viewport &view, bool clip, bool shaded, int64_t y,
-              const Chain<TexelValues<Rules>> &l, const Chain<TexelValues<Rules>> &r, Span *span) {
+template <class Rules, bool Shaded>
+bool MakeSpan(const Viewport &view, bool clip, int64_t y,
+              const Chain<TexelValues<Rules, Shaded>> &l,
+              const Chain<TexelValues<Rules, Shaded>> &r, Span *span) {
   const int64_t left = clip ? l.x / 65536 : l.x >> 16;
   const int64_t right = clip ? r.x / 65536 : r.x >> 16;
   const int64_t steps = right - left - Rules::kLastPixel;
@@ -79,14 +81,15 @@ bool MakeSpan(const Viewport &view, bool clip, bool shaded, int64_t y,
   span->v = static_cast<int32_t>(l.values.v + leftCut * dv);
   span->du = static_cast<int32_t>(du);
   span->dv = static_cast<int32_t>(dv);
-  if (!shaded) return true;
-  ColourValues leftColour = l.values.colour;
-  ColourValues rightColour = r.values.colour;
-  if (leftCut + rightCut > 0) {
-    CutColours(leftColour, rightColour, right - left, leftCut, rightCut);
+  if constexpr (Shaded) {
+    ColourValues leftColour = l.values.colour;
+    ColourValues rightColour = r.values.colour;
+    if (leftCut + rightCut > 0) {
+      CutColours(leftColour, rightColour, right - left, leftCut, rightCut);
+    }
+    span->leftColour = leftColour.Colour();
+    span->rightColour = rightColour.Colour();
   }
-  span->leftColour = leftColour.Colour();
-  span->rightColour = rightColour.Colour();
   return true;
 }
 
@@ -106,6 +109,18 @@ bool HasTexels(const Surface *texture) {
   return texture != nullptr && texture->width > 0 && texture->height > 0;
 }
 
+template <class Rules, bool Shaded>
+int64_t MakeSpans(const Polygon &polygon, const Viewport &view, Span *spans) {
+  using Values = TexelValues<Rules, Shaded>;
+  const bool clip = polygon.CrossesSides(view);
+  Span *end = spans;
+  WalkEdges<Values, Rules>(polygon, view,
+                           [&](int64_t y, const Chain<Values> &l, const Chain<Values> &r) {
+                             if (MakeSpan<Rules, Shaded>(view, clip, y, l, r, end)) ++end;
+                           });
+  return end - spans;
+}
+
 template <class Rules>
 void DrawPoly(const Canvas &canvas, const TextureWork &work, const Surface *texture, int count,
               const Pipeline *pipeline) {
@@ -116,14 +131,9 @@ void DrawPoly(const Canvas &canvas, const TextureWork &work, const Surface *text
   Span *const spans = work.spans.Get(polygon.MaxRows(view));
   if (spans == nullptr) return;
   ClampTexels(work.vertices, count, *texture);
-  const bool clip = polygon.CrossesSides(view);
-  const bool shaded = pipeline->gouraudState == 1;
-  Span *end = spans;
-  using Side = Chain<TexelValues<Rules>>;
-  WalkEdges<TexelValues<Rules>, Rules>(polygon, view, [&](int64_t y, const Side &l, const Side &r) {
-    if (MakeSpan<Rules>(view, clip, shaded, y, l, r, end)) ++end;
-  });
-  DrawTexturedSpans(canvas, *texture, spans, end - spans, *pipeline, work.gouraud);
+  const int64_t rows = pipeline->gouraudState == 1 ? MakeSpans<Rules, true>(polygon, view, spans)
+                                                   : MakeSpans<Rules, false>(polygon, view, spans);
+  DrawTexturedSpans(canvas, *texture, spans, rows, *pipeline, work.gouraud);
 }
 
 }  // namespace
