@@ -1,11 +1,22 @@
 #include "pixel/blit_kernels.h"
 
 #include "core/ints.h"
+#include "pixel/argb_source.h"
 #include "pixel/blit_rules.h"
 #include "pixel/column.h"
+#include "pixel/pixel_source.h"
 
 namespace brisal {
 namespace {
+
+template <class R>
+BRISAL_INLINE R MakeRule(uint32_t key) {
+  if constexpr (std::is_constructible_v<R, uint32_t>) {
+    return R(key);
+  } else {
+    return R();
+  }
+}
 
 // One pixel after the other; the compiler makes vectors of it where the rows do not overlap.
 template <class T, class S, class R>
@@ -20,6 +31,30 @@ struct BlitRows {
         const uint32_t d = R::kReadsTarget ? T::Load(to + i * T::kBytes) : 0;
         T::Store(to + i * T::kBytes, R::Combine(d, s, key));
       }
+    }
+  }
+};
+
+// Pixels of a source object meet the target by a rule, in vectors; the rows do not overlap.
+template <class T, class S, class Source, class R>
+struct CombineRows {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const Transfer transfer, uint32_t key) {
+    const R rule = MakeRule<R>(key);
+    for (int64_t row = 0; row < transfer.rows; ++row) {
+      uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
+      const uint8_t *from = transfer.from + ByteOffset(row, transfer.fromPitch);
+      const uintptr_t ahead = reinterpret_cast<uintptr_t>(to) - reinterpret_cast<uintptr_t>(from);
+      if (ahead < static_cast<uintptr_t>(transfer.width) * S::kBytes ||
+          -ahead < static_cast<uintptr_t>(transfer.width) * T::kBytes) {
+        for (ptrdiff_t i = 0; i < transfer.width; ++i) {
+          uint8_t *p = to + i * T::kBytes;
+          const Source one(from + i * S::kBytes);
+          StoreOne<T>(p, rule(LoadOne<T>(p), one.One(0)));
+        }
+        continue;
+      }
+      CombineRun<T, VectorBytes>(to, to, transfer.width, rule, Source(from));
     }
   }
 };
@@ -40,9 +75,23 @@ void CopyRows(Transfer transfer, uint32_t) {
   }
 }
 
+using Blits = Kernels<Transfer, uint32_t>;
+
 template <class T, class S, class R>
 BlitKernel Pick(bool wide) {
-  return Kernels<Transfer, uint32_t>::Of<BlitRows<T, S, R>>().columns[wide];
+  return Blits::Of<BlitRows<T, S, R>>().columns[wide];
+}
+
+// A source blended by its alpha.
+template <class T>
+BlitKernel PickOver(bool wide) {
+  if constexpr (T::kBytes == 2) {
+    return Blits::Of<CombineRows<T, Argb32, ArgbTo16<T, true>, Over16<T>>>().columns[wide];
+  } else if constexpr (T::kBytes == 4) {
+    return Blits::Of<CombineRows<T, Argb32, Pixels<Argb32>, Over32<true>>>().columns[wide];
+  } else {
+    return Pick<T, Argb32, BlendAlpha<T>>(wide);
+  }
 }
 
 // Pairs that take no flag but transparency.
@@ -58,12 +107,15 @@ BlitKernel Find(bool wide, uint32_t flags) {
   if (kStrict<T, S> && others) return nullptr;
   if (!transparent) {
     if constexpr (kSameStorage<T, S>) return &CopyRows<T::kBytes>;
+    if constexpr (T::kBytes == 2 && S::kBytes == 4) {
+      using Kernel = CombineRows<T, S, ArgbTo16<T, false>, Solid<T>>;
+      return Blits::Of<Kernel>().columns[wide];
+    }
     return Pick<T, S, CopyPixel<T, S>>(wide);
   }
   if constexpr (std::is_same_v<S, Argb32> && !std::is_same_v<T, Argb32>) {
     if (others) return nullptr;
-    if constexpr (T::kBytes == 4) return Pick<T, S, BlendAlphaUnlessKey<T>>(wide);
-    return Pick<T, S, BlendAlpha<T>>(wide);
+    return PickOver<T>(wide);
   } else if constexpr (std::is_same_v<S, Rgb24> && T::kBytes == 2) {
     return Pick<T, S, CopyUnlessConvertedKey<T, S>>(wide);
   } else {

@@ -53,39 +53,17 @@ BRISAL_INLINE uint32_t BlendField(uint32_t d, uint32_t s, uint32_t a, uint32_t m
   return (((d & mask) * (one - a) + (s & mask) * a) >> Bits) & mask;
 }
 
-// Blends a source by its own alpha, taken at the target's precision.
+// Blends a source into 24 bits by its own alpha.
 template <class T>
 struct BlendAlpha {
   static constexpr bool kReadsTarget = true;
-  static constexpr int kBits = std::is_same_v<T, Rgb565> ? 6 : std::is_same_v<T, Rgb555> ? 5 : 8;
-  static constexpr uint32_t kOpaque = kBits == 8 ? 254 : (1u << kBits) - 1;
-
-  BRISAL_INLINE static uint32_t Blend(uint32_t d, uint32_t s, uint32_t a) {
-    if constexpr (T::kBytes == 2) {
-      const uint32_t p = T::Pack(s);
-      return BlendField<kBits>(d, p, a, T::Red::kMask) |
-             BlendField<kBits>(d, p, a, T::Green::kMask) |
-             BlendField<kBits>(d, p, a, T::Blue::kMask);
-    } else {
-      return BlendField<kBits>(d, s, a, 0xFF00FF) | BlendField<kBits>(d, s, a, 0xFF00);
-    }
-  }
+  static constexpr uint32_t kOpaque = 254;
 
   BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t) {
-    const uint32_t a = s >> (32 - kBits);
-    const uint32_t blended = Blend(d, s, a);
+    const uint32_t a = s >> 24;
+    const uint32_t blended = BlendField<8>(d, s, a, 0xFF00FF) | BlendField<8>(d, s, a, 0xFF00);
     const uint32_t shown = a >= kOpaque ? Convert<T, Argb32>(s) : blended;
     return a == 0 ? d : shown;
-  }
-};
-
-// The same, leaving out the mask colour too.
-template <class T>
-struct BlendAlphaUnlessKey {
-  static constexpr bool kReadsTarget = true;
-
-  BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t key) {
-    return s == key ? d : BlendAlpha<T>::Combine(d, s, key);
   }
 };
 

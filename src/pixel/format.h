@@ -78,8 +78,11 @@ struct Packed16 {
 
 struct Rgb565 : Packed16<Channel16<11, 5>, Channel16<5, 6>, Channel16<0, 5>> {
   static constexpr uint32_t kPrecision = 0xF8FCF8;
+  static constexpr int kAlphaBits = 6;  // of a source that is blended by its alpha
 
-  static uint32_t Pack(uint32_t colour) {
+  // Also packs vectors of colours.
+  template <class C>
+  BRISAL_INLINE static C Pack(C colour) {
     return ((colour >> 8) & 0xF800u) | ((colour >> 5) & 0x7E0u) | ((colour >> 3) & 0x1Fu);
   }
 
@@ -96,8 +99,10 @@ struct Rgb565 : Packed16<Channel16<11, 5>, Channel16<5, 6>, Channel16<0, 5>> {
 
 struct Rgb555 : Packed16<Channel16<10, 5>, Channel16<5, 5>, Channel16<0, 5>> {
   static constexpr uint32_t kPrecision = 0xF8F8F8;
+  static constexpr int kAlphaBits = 5;
 
-  static uint32_t Pack(uint32_t colour) {
+  template <class C>
+  BRISAL_INLINE static C Pack(C colour) {
     return ((colour >> 9) & 0x7C00u) | ((colour >> 6) & 0x3E0u) | ((colour >> 3) & 0x1Fu);
   }
 

@@ -29,8 +29,9 @@ struct Group {
     for (int i = 0; i < kVectors; ++i) StoreVector(p + i * VectorBytes, part[i]);
   }
 
-  template <class R>
-  BRISAL_INLINE static Group Combine(const R &rule, const Group &d, const Group &s) {
+  // A source's group has as many parts, of whatever the rule takes.
+  template <class R, class S>
+  BRISAL_INLINE static Group Combine(const R &rule, const Group &d, const S &s) {
     Group g;
     for (int i = 0; i < kVectors; ++i) g.part[i] = rule(d.part[i], s.part[i]);
     return g;
@@ -68,10 +69,13 @@ BRISAL_INLINE void StoreOne(uint8_t *p, V pixel) {
 }
 
 // The target's pixels at p; a rule that does not look at them gets the source instead.
-template <class R, class G>
-BRISAL_INLINE G TargetOr(const G &source, const uint8_t *p) {
-  if constexpr (R::kReadsTarget) return G::Load(p);
-  return source;
+template <class R, class G, class S>
+BRISAL_INLINE G TargetOr(const S &source, const uint8_t *p) {
+  if constexpr (R::kReadsTarget) {
+    return G::Load(p);
+  } else {
+    return source;
+  }
 }
 
 // A run shorter than a group: two narrower groups that overlap in the middle, both read before
@@ -84,10 +88,10 @@ BRISAL_INLINE void CombineShortRun(uint8_t *to, const uint8_t *from, ptrdiff_t n
     const ptrdiff_t last = n - G::kPixels;
     const ptrdiff_t end = last * F::kBytes;
     const auto cursor = source.template Start<VectorBytes>();
-    const G headSource = cursor.Get();
-    const G tailSource = cursor.Ahead(last);
-    const G head = G::Combine(rule, TargetOr<R>(headSource, from), headSource);
-    const G tail = G::Combine(rule, TargetOr<R>(tailSource, from + end), tailSource);
+    const auto headSource = cursor.Get();
+    const auto tailSource = cursor.Ahead(last);
+    const G head = G::Combine(rule, TargetOr<R, G>(headSource, from), headSource);
+    const G tail = G::Combine(rule, TargetOr<R, G>(tailSource, from + end), tailSource);
     head.Store(to);
     tail.Store(to + end);
     return;
@@ -112,12 +116,12 @@ BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, con
   const ptrdiff_t last = n - G::kPixels;
   uint8_t *const end = to + last * F::kBytes;
   auto cursor = source.template Start<VectorBytes>();
-  const G tailSource = cursor.Ahead(last);
-  const G tail = G::Combine(rule, TargetOr<R>(tailSource, from + last * F::kBytes), tailSource);
+  const auto tailSource = cursor.Ahead(last);
+  const G tail = G::Combine(rule, TargetOr<R, G>(tailSource, from + last * F::kBytes), tailSource);
 #pragma GCC unroll 2
   for (; to < end; to += G::kBytes, from += G::kBytes) {
-    const G s = cursor.Get();
-    G::Combine(rule, TargetOr<R>(s, from), s).Store(to);
+    const auto s = cursor.Get();
+    G::Combine(rule, TargetOr<R, G>(s, from), s).Store(to);
     cursor.Advance();
   }
   tail.Store(end);

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <utility>
+
+#include "pixel/format.h"
+#include "pixel/rules.h"
+#include "pixel/run.h"
+
+// Pixels of format 5 as a source for targets of fewer bits, and the blending by their alpha.
+
+namespace brisal {
+
+// Packed colours, and their alpha at the target's precision.
+template <class V>
+struct ColourAlpha {
+  V colour;
+  V alpha;
+};
+
+// The even ones of the 16-bit lanes of two vectors, that is, words cut to 16 bits.
+template <class V, size_t... I>
+BRISAL_INLINE V CutWords(V a, V b, std::index_sequence<I...>) {
+  return __builtin_shufflevector(a, b, (2 * I)...);
+}
+
+// A source for 16-bit formats. With alpha it gives ColourAlpha, else colours alone.
+template <class T, bool WithAlpha>
+class ArgbTo16 {
+ public:
+  BRISAL_INLINE explicit ArgbTo16(const uint8_t *first) : first_(first) {}
+
+  BRISAL_INLINE auto One(ptrdiff_t i) const {
+    using V = Vector<uint16_t, 2>;
+    const uint32_t s = Argb32::Load(first_ + 4 * i);
+    const V colour = {static_cast<uint16_t>(T::Pack(s))};
+    if constexpr (WithAlpha) {
+      return ColourAlpha<V>{colour, V{static_cast<uint16_t>(s >> (32 - T::kAlphaBits))}};
+    } else {
+      return colour;
+    }
+  }
+
+  template <int VectorBytes>
+  struct Cursor {
+    using V = Vector<uint16_t, VectorBytes>;
+    using Part = std::conditional_t<WithAlpha, ColourAlpha<V>, V>;
+
+    struct Parts {
+      Part part[1];
+      BRISAL_INLINE operator Group<T, VectorBytes>() const requires(!WithAlpha) {
+        return {{part[0]}};
+      }
+    };
+
+    BRISAL_INLINE Parts Get() const { return Ahead(0); }
+
+    BRISAL_INLINE Parts Ahead(ptrdiff_t pixels) const {
+      using W = Vector<uint32_t, VectorBytes>;
+      const W a = LoadVector<W>(at + 4 * pixels);
+      const W b = LoadVector<W>(at + 4 * pixels + VectorBytes);
+      const auto cut = [](W x, W y) __attribute__((always_inline)) {
+        return CutWords(As<uint16_t>(x), As<uint16_t>(y),
+                        std::make_index_sequence<VectorBytes / 2>{});
+      };
+      const V colour = cut(T::Pack(a), T::Pack(b));
+      if constexpr (WithAlpha) {
+        constexpr int kShift = 32 - T::kAlphaBits;
+        return {{{colour, cut(a >> kShift, b >> kShift)}}};
+      } else {
+        return {{colour}};
+      }
+    }
+
+    BRISAL_INLINE void Advance() { at += 2 * VectorBytes; }
+
+    const uint8_t *at;
+  };
+
+  template <int VectorBytes>
+  BRISAL_INLINE Cursor<VectorBytes> Start() const {
+    return {first_};
+  }
+
+ private:
+  const uint8_t *first_;
+};
+
+// Blends ColourAlpha into 16-bit pixels.
+template <class T>
+struct Over16 {
+  static constexpr bool kReadsTarget = true;
+  static constexpr int kBits = T::kAlphaBits;
+
+  template <class C, class V>
+  BRISAL_INLINE static V Channel(V d, V s, V a) {
+    constexpr int kLift = C::template kLift<kBits>;
+    return C::template FromLifted<kBits>(
+        (C::Value(d) * static_cast<uint16_t>(1 << kBits) + (C::Value(s) - C::Value(d)) * a)
+        << kLift);
+  }
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, const ColourAlpha<V> &s) const {
+    const V blended = Channel<typename T::Red>(d, s.colour, s.alpha) |
+                      Channel<typename T::Green>(d, s.colour, s.alpha) |
+                      Channel<typename T::Blue>(d, s.colour, s.alpha);
+    const V shown = s.alpha == (1 << kBits) - 1 ? s.colour : blended;
+    return s.alpha == 0 ? d : shown;
+  }
+};
+
+// Blends 32-bit pixels by the source's alpha, 254 and more being opaque, and leaves out a key.
+template <bool Keyed>
+struct Over32 {
+  static constexpr bool kReadsTarget = true;
+  explicit Over32(uint32_t maskColour) : key(maskColour) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    const auto dd = As<uint32_t>(d);
+    const auto ss = As<uint32_t>(s);
+    const auto alpha = ss >> 24;
+    const auto weight = As<uint16_t>(alpha | alpha << 16);
+    const auto op = [&](auto x, auto y) __attribute__((always_inline)) {
+      return x * 256 + (y - x) * weight;
+    };
+    const auto blended = As<uint32_t>(HighBytes(d, s, op)) & 0xFFFFFFu;
+    const auto shown = As<int32_t>(alpha) > 253 ? ss : blended;
+    const auto seen = alpha == 0 ? dd : shown;
+    if constexpr (Keyed) return As<uint8_t>(ss == key ? dd : seen);
+    return As<uint8_t>(seen);
+  }
+
+  uint32_t key;
+};
+
+}  // namespace brisal
