@@ -35,39 +35,43 @@ uint32_t BRSL_CALL TQ_RGB_555to888(uint32_t pixel) { return Rgb555::Widen(pixel)
 
 uint32_t BRSL_CALL TQ_RNDRGB(void) { return RandomColour(instance.random); }
 
-uint32_t BRSL_CALL TQ_RGB_GREY(uint32_t colour) { return Grey(colour); }
+uint32_t BRSL_CALL TQ_RGB_GREY(uint32_t colour) { return GreyOf(colour); }
 
-uint32_t BRSL_CALL TQ_RGB_FADE(uint32_t colour, float percent) { return Fade(colour, percent); }
+uint32_t BRSL_CALL TQ_RGB_FADE(uint32_t colour, float percent) {
+  return FadeColour(colour, percent);
+}
 
 uint32_t BRSL_CALL TQ_RGB_ALPHA_BLEND(uint32_t colour1, uint32_t colour2, float percent) {
-  return BlendByPercent(colour1, colour2, percent);
+  return BlendColoursByPercent(colour1, colour2, percent);
 }
 
 uint32_t BRSL_CALL TQ_RGB_ALPHA_BLEND_Variable(uint32_t colour1, uint32_t colour2, int32_t level) {
-  return Blend(colour1, colour2, level);
+  return BlendColours(colour1, colour2, level);
 }
 
 uint32_t BRSL_CALL TQ_RGB_DEPTH_CUE(uint32_t colour1, uint32_t colour2, float depth,
                                     float nearDepth, float farDepth) {
-  return BlendByDepth(colour1, colour2, depth, nearDepth, farDepth);
+  return BlendColoursByDepth(colour1, colour2, depth, nearDepth, farDepth);
 }
 
-uint32_t BRSL_CALL TQ_RGB_SCALE(uint32_t colour, int32_t factor) { return Scale(colour, factor); }
+uint32_t BRSL_CALL TQ_RGB_SCALE(uint32_t colour, int32_t factor) {
+  return ScaleColour(colour, factor);
+}
 
 uint32_t BRSL_CALL TQ_RGB_ALPHA_ADD(uint32_t colour1, uint32_t colour2) {
-  return Add(colour1, colour2);
+  return AddColours(colour1, colour2);
 }
 
 uint32_t BRSL_CALL TQ_RGB_ALPHA_SUB(uint32_t colour1, uint32_t colour2) {
-  return Subtract(colour1, colour2);
+  return SubtractColours(colour1, colour2);
 }
 
 uint32_t BRSL_CALL TQ_RGB_ALPHA_MULT(uint32_t colour1, uint32_t colour2) {
-  return Multiply(colour1, colour2);
+  return MultiplyColours(colour1, colour2);
 }
 
 uint32_t BRSL_CALL TQ_RGB_ALPHA_50(uint32_t colour1, uint32_t colour2) {
-  return Halve(colour1, colour2);
+  return HalveColours(colour1, colour2);
 }
 
 uint32_t BRSL_CALL TQ_RGB_ALPHA_AND(uint32_t colour1, uint32_t colour2) {

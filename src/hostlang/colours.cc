@@ -19,7 +19,7 @@ uint32_t PerChannel(uint32_t a, uint32_t b, F f) {
   return Colour(f(RedOf(a), RedOf(b)), f(GreenOf(a), GreenOf(b)), f(BlueOf(a), BlueOf(b)));
 }
 
-// The integer part of a level, limited to what Blend tells apart.
+// The integer part of a level, limited to what BlendColours tells apart.
 int32_t BlendLevel(long double level) {
   if (!(level >= 1)) return 0;  // not-a-numbers, too
   return static_cast<int32_t>(std::min(level, 255.0L));
@@ -54,12 +54,12 @@ uint32_t RandomColour(RandomState &state) {
   return Colour(red, green, blue);
 }
 
-uint32_t Grey(uint32_t colour) {
+uint32_t GreyOf(uint32_t colour) {
   const int32_t grey = (280 * RedOf(colour) + 630 * GreenOf(colour) + 90 * BlueOf(colour)) / 1000;
   return Colour(grey, grey, grey);
 }
 
-uint32_t Fade(uint32_t colour, float percent) {
+uint32_t FadeColour(uint32_t colour, float percent) {
   if (!(percent >= 1)) return 0;
   // Whole percents up to 500 times a float are exact in double.
   const double whole = std::min(std::floor(percent), 500.0f);
@@ -67,47 +67,48 @@ uint32_t Fade(uint32_t colour, float percent) {
   return PerChannel(colour, [level](int32_t c) { return std::min((c * level) >> 8, 255); });
 }
 
-uint32_t Scale(uint32_t colour, int32_t factor) {
+uint32_t ScaleColour(uint32_t colour, int32_t factor) {
   return PerChannel(colour, [factor](int32_t c) {
     const int64_t scaled = (int64_t{c} * factor) >> 8;
     return static_cast<int32_t>(std::clamp<int64_t>(scaled, 0, 255));
   });
 }
 
-uint32_t Blend(uint32_t colour1, uint32_t colour2, int32_t level) {
+uint32_t BlendColours(uint32_t colour1, uint32_t colour2, int32_t level) {
   if (level < 1) return colour1;
   if (level > 254) return colour2;
   return PerChannel(colour1, colour2,
                     [level](int32_t c1, int32_t c2) { return c1 + (((c2 - c1) * level) >> 8); });
 }
 
-uint32_t BlendByPercent(uint32_t colour1, uint32_t colour2, float percent) {
-  return Blend(colour1, colour2, BlendLevel(static_cast<long double>(percent) * 0.01 * 255.0));
+uint32_t BlendColoursByPercent(uint32_t colour1, uint32_t colour2, float percent) {
+  return BlendColours(colour1, colour2,
+                      BlendLevel(static_cast<long double>(percent) * 0.01 * 255.0));
 }
 
-uint32_t BlendByDepth(uint32_t colour1, uint32_t colour2, float depth, float nearDepth,
-                      float farDepth) {
+uint32_t BlendColoursByDepth(uint32_t colour1, uint32_t colour2, float depth, float nearDepth,
+                             float farDepth) {
   const double low = std::min(nearDepth, farDepth);
   const double high = std::max(nearDepth, farDepth);
   if (depth < low) return colour1;
   if (depth > high) return colour2;
-  return Blend(colour1, colour2, BlendLevel(256.0 / (high - low) * (depth - low)));
+  return BlendColours(colour1, colour2, BlendLevel(256.0 / (high - low) * (depth - low)));
 }
 
-uint32_t Add(uint32_t colour1, uint32_t colour2) {
+uint32_t AddColours(uint32_t colour1, uint32_t colour2) {
   return PerChannel(colour1, colour2,
                     [](int32_t c1, int32_t c2) { return std::min(c1 + c2, 255); });
 }
 
-uint32_t Subtract(uint32_t colour1, uint32_t colour2) {
+uint32_t SubtractColours(uint32_t colour1, uint32_t colour2) {
   return PerChannel(colour1, colour2, [](int32_t c1, int32_t c2) { return std::max(c1 - c2, 0); });
 }
 
-uint32_t Multiply(uint32_t colour1, uint32_t colour2) {
+uint32_t MultiplyColours(uint32_t colour1, uint32_t colour2) {
   return PerChannel(colour1, colour2, [](int32_t c1, int32_t c2) { return (c1 * (c2 + 1)) >> 8; });
 }
 
-uint32_t Halve(uint32_t colour1, uint32_t colour2) {
+uint32_t HalveColours(uint32_t colour1, uint32_t colour2) {
   return ((colour1 & 0xFEFEFE) + (colour2 & 0xFEFEFE)) >> 1;
 }
 

@@ -20,19 +20,19 @@ int32_t BlueOf(uint32_t colour);
 
 uint32_t RandomColour(RandomState &state);
 
-uint32_t Grey(uint32_t colour);
-uint32_t Fade(uint32_t colour, float percent);
-uint32_t Scale(uint32_t colour, int32_t factor);
+uint32_t GreyOf(uint32_t colour);
+uint32_t FadeColour(uint32_t colour, float percent);
+uint32_t ScaleColour(uint32_t colour, int32_t factor);
 
 // From colour1 at level 0 to colour2 at 255; these two come back with their alpha.
-uint32_t Blend(uint32_t colour1, uint32_t colour2, int32_t level);
-uint32_t BlendByPercent(uint32_t colour1, uint32_t colour2, float percent);
-uint32_t BlendByDepth(uint32_t colour1, uint32_t colour2, float depth, float nearDepth,
-                      float farDepth);
+uint32_t BlendColours(uint32_t colour1, uint32_t colour2, int32_t level);
+uint32_t BlendColoursByPercent(uint32_t colour1, uint32_t colour2, float percent);
+uint32_t BlendColoursByDepth(uint32_t colour1, uint32_t colour2, float depth, float nearDepth,
+                             float farDepth);
 
-uint32_t Add(uint32_t colour1, uint32_t colour2);
-uint32_t Subtract(uint32_t colour1, uint32_t colour2);
-uint32_t Multiply(uint32_t colour1, uint32_t colour2);
-uint32_t Halve(uint32_t colour1, uint32_t colour2);
+uint32_t AddColours(uint32_t colour1, uint32_t colour2);
+uint32_t SubtractColours(uint32_t colour1, uint32_t colour2);
+uint32_t MultiplyColours(uint32_t colour1, uint32_t colour2);
+uint32_t HalveColours(uint32_t colour1, uint32_t colour2);
 
 }  // namespace brisal
