@@ -1,5 +1,7 @@
 #include "surface/effect_blit.h"
 
+#include <algorithm>
+
 #include "pixel/blit_kernels.h"
 #include "pixel/format.h"
 #include "pixel/mix_kernels.h"
@@ -89,17 +91,26 @@ struct EffectBlit {
     FindMixKernel(canvas.wide, plan.rule, source.format)(transfer, blend.from, blend.fromPitch);
   }
 
-  // Whether a pixel of some row is read after a pixel to its left has been written over it.
-  bool RunsInto(const Buffer &from, const BlitArea &part) const {
-    const int bytes = BytesPerPixel(source.format);
-    const uintptr_t width = static_cast<uintptr_t>(part.right - part.left) * bytes;
-    for (int64_t row = 0; row < part.bottom - part.top; ++row) {
-      const auto to = reinterpret_cast<uintptr_t>(canvas.target.Row(part.y + row));
-      const auto at = reinterpret_cast<uintptr_t>(from.Row(part.top + row));
-      const uintptr_t ahead = to + part.x * bytes - at - part.left * bytes;
-      if (ahead != 0 && ahead < width) return true;
-    }
-    return false;
+  // Whether the pixels to be written share memory with those of another buffer, other than by being
+  // the very same ones.
+  bool Meets(const Buffer &from, const BlitArea &part) const {
+    const Transfer transfer = MakeTransfer(canvas.target, from, part);
+    if (transfer.to == transfer.from && transfer.toPitch == transfer.fromPitch) return false;
+    const MemoryRange to = RangeOf(transfer.to, transfer.toPitch, transfer);
+    const MemoryRange at = RangeOf(transfer.from, transfer.fromPitch, transfer);
+    return to.first < at.last && at.first < to.last;
+  }
+
+  struct MemoryRange {
+    uintptr_t first;
+    uintptr_t last;
+  };
+
+  MemoryRange RangeOf(const uint8_t *first, ptrdiff_t pitch, const Transfer &transfer) const {
+    const uint8_t *last = first + ByteOffset(transfer.rows - 1, pitch);
+    const ptrdiff_t bytes = transfer.width * BytesPerPixel(source.format);
+    return {reinterpret_cast<uintptr_t>(std::min(first, last)),
+            reinterpret_cast<uintptr_t>(std::max(first, last) + bytes)};
   }
 
   void DrawPixelByPixel(const BlitArea &part) const {
