@@ -139,7 +139,7 @@ void BlitWithEffect(const Canvas &canvas, const Buffer &source, const Buffer &bl
   const Buffer blend = {blendSource.address, blendSource.pitch, source.format};
   const EffectBlit blit = {canvas, source, blend, plan, PackColour(effect.colour, source.format)};
   const bool overlaps =
-      blit.RunsInto(source, part) || (plan.way == Way::kMix && blit.RunsInto(blend, part));
+      blit.Meets(source, part) || (plan.way == Way::kMix && blit.Meets(blend, part));
   if (overlaps) return blit.DrawPixelByPixel(part);
   blit.Draw(part);
 }
