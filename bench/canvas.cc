@@ -51,13 +51,26 @@ int DifferenceOf(uint32_t a, uint32_t b) {
 }
 
 int ToleratedDifference(const Job &job) {
-  const int rounding = job.format <= BRSL_FORMAT_555 ? 8 : 3;
+  const auto is16Bit = [](int format) { return format != 0 && format <= BRSL_FORMAT_555; };
+  const int rounding = is16Bit(job.format) || is16Bit(job.source) ? 8 : 3;
+  // In 16-bit formats some cut alpha down to five bits, and products divided by 32 or by 31 may be two
+  // steps apart.
+  if (job.IsCopy() && (job.HasAlpha() || job.mode == DRAW_MULT)) {
+    return rounding * (is16Bit(job.format) ? 2 : 1);
+  }
+  // Texels are taken at a pixel's corner by some and at its middle by others.
+  if (job.source != 0 && !job.IsCopy()) return rounding + 4;
   // A pixel's own colour is taken at its corner by some and at its middle by others.
   return job.IsGouraud() ? rounding + 2 + 512 / job.width : rounding;
 }
 
 int ToleratedPixels(const Job &job) {
+  // Some repeat the edges of a picture, some weigh fewer pixels there.
+  if (job.IsScaling() || job.kind == Kind::kBlur) return 4 * (job.width + job.height);
   if (job.IsRectangle()) return 0;
+  // Some filters let the picture fade out where it ends.
+  if (job.kind == Kind::kBilinearQuad) return 8 * job.height;
+  if (job.IsKeyed()) return 4 * job.height + 8 + job.width * job.height / 16;
   if (job.kind == Kind::kLine) return std::max(job.width, job.height);
   if (job.kind == Kind::kRing) return 4 * job.width;
   return 4 * job.height + 8;

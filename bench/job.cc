@@ -16,6 +16,17 @@ const char *NameOf(Kind kind) {
       {Kind::kDisc, "disc"},
       {Kind::kRing, "ring"},
       {Kind::kLine, "line"},
+      {Kind::kBlit, "blit"},
+      {Kind::kTexture, "texture"},
+      {Kind::kTexturedTriangle, "textured triangle"},
+      {Kind::kSprite, "turned sprite"},
+      {Kind::kBilinearQuad, "bilinear quad"},
+      {Kind::kScale, "nearest scaling"},
+      {Kind::kBilinearScale, "bilinear scaling"},
+      {Kind::kWeighedScale, "weighed scaling"},
+      {Kind::kBlur, "blur"},
+      {Kind::kGrey, "grey"},
+      {Kind::kFade, "fade"},
   };
   return kNames.at(kind);
 }
@@ -37,13 +48,21 @@ const char *NameOfFormat(int format) {
   return kNames.at(format);
 }
 
+const char *NameOf(Texels texels) {
+  static constexpr const char *kNames[] = {"", "keyed ", "mixed alpha ", "partial alpha "};
+  return kNames[static_cast<int>(texels)];
+}
+
 }  // namespace
 
 std::string Job::Name() const {
   char text[80];
-  std::snprintf(text, sizeof text, "%s %dx%d %s %s", NameOf(kind), width, height,
-                NameOfFormat(format), NameOfMode(mode));
-  return text;
+  std::snprintf(text, sizeof text, "%s%s %dx%d ", NameOf(texels), NameOf(kind), width, height);
+  std::string name = text;
+  if (source != 0 && source != format) name += std::string(NameOfFormat(source)) + " to ";
+  name += NameOfFormat(format);
+  const bool hasMode = source == 0 ? !IsFilter() : mode != DRAW_SOLID;
+  return hasMode ? name + " " + NameOfMode(mode) : name;
 }
 
 Point SpotOf(const Job &job, unsigned i) {
@@ -53,6 +72,12 @@ Point SpotOf(const Job &job, unsigned i) {
 
 std::array<Point, 3> CornersOf(const Job &job) {
   return {Point{0, 0}, Point{job.width, job.height / 3}, Point{job.width / 4, job.height}};
+}
+
+std::array<Point, 4> TurnedCorners(const Job &job) {
+  const int across = job.width * 4 / 11;
+  const int down = job.width - across;
+  return {Point{across, 0}, Point{job.width, across}, Point{down, job.width}, Point{0, down}};
 }
 
 int OpacityOf(const Job &job) {

@@ -10,21 +10,64 @@
 
 namespace brisal::bench {
 
-enum class Kind { kBox, kStrip, kTriangle, kGouraudTriangle, kShadeBox, kDisc, kRing, kLine };
+enum class Kind {
+  kBox,
+  kStrip,
+  kTriangle,
+  kGouraudTriangle,
+  kShadeBox,
+  kDisc,
+  kRing,
+  kLine,
+  // Of a picture:
+  kBlit,
+  kTexture,
+  kTexturedTriangle,
+  kSprite,
+  kBilinearQuad,
+  kScale,
+  kBilinearScale,
+  kWeighedScale,
+  // Of the target itself:
+  kBlur,
+  kGrey,
+  kFade,
+};
+
+// What the picture of a job holds: opaque colours, mask colour among them, all kinds of alpha, or alpha
+// that is never 0 or 255.
+enum class Texels { kOpaque, kKeyed, kMixedAlpha, kPartialAlpha };
 
 // One row of the table: a drawing job that several libraries may know how to do.
 struct Job {
   Kind kind;
   int width;
   int height;
-  int format;  // BRSL_FORMAT_*
-  int mode;    // DRAW_*
+  int format;      // BRSL_FORMAT_*
+  int mode;        // DRAW_*
+  int source = 0;  // BRSL_FORMAT_* of its picture, if it has one
+  Texels texels = Texels::kOpaque;
 
   std::string Name() const;
   bool IsGouraud() const { return kind == Kind::kGouraudTriangle || kind == Kind::kShadeBox; }
   bool IsRectangle() const {
-    return kind == Kind::kBox || kind == Kind::kStrip || kind == Kind::kShadeBox;
+    return kind == Kind::kBox || kind == Kind::kStrip || kind == Kind::kShadeBox || IsCopy() ||
+           IsScaling() || IsFilter();
   }
+  bool IsCopy() const { return kind == Kind::kBlit || kind == Kind::kTexture; }
+  bool IsScaling() const {
+    return kind == Kind::kScale || kind == Kind::kBilinearScale || kind == Kind::kWeighedScale;
+  }
+  bool IsFilter() const {
+    return kind == Kind::kBlur || kind == Kind::kGrey || kind == Kind::kFade;
+  }
+  bool IsTurned() const { return kind == Kind::kSprite || kind == Kind::kBilinearQuad; }
+  bool IsBilinear() const {
+    return kind == Kind::kBilinearQuad || kind == Kind::kBilinearScale ||
+           kind == Kind::kWeighedScale;
+  }
+  bool IsKeyed() const { return texels == Texels::kKeyed; }
+  bool HasAlpha() const { return texels == Texels::kMixedAlpha || texels == Texels::kPartialAlpha; }
   int Radius() const { return width / 2; }
 };
 
@@ -37,6 +80,7 @@ struct Point {
 // will do.
 constexpr uint32_t kInk = 0xFF48A0E0;
 constexpr int kInkAlpha = 100;
+constexpr int kFadePercent = 75;
 constexpr std::array<uint32_t, 4> kCornerColours = {0xF04010, 0x20F040, 0x1030E0, 0xE0E020};
 
 // The top-left corner of the job's shape in its i-th repetition: small shapes wander, as they do in
@@ -45,6 +89,9 @@ Point SpotOf(const Job &job, unsigned i);
 
 // The corners of a triangle job, relative to its spot.
 std::array<Point, 3> CornersOf(const Job &job);
+
+// The corners of a turned square that fills the job's box, from its picture's top left on.
+std::array<Point, 4> TurnedCorners(const Job &job);
 
 // How opaquely a peer has to blend to draw what DRAW_ALPHA and DRAW_HALF draw; 255 for other modes.
 int OpacityOf(const Job &job);

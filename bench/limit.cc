@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "bench/contenders.h"
+#include "bench/picture.h"
 
 #if defined(__x86_64__)
 #include <immintrin.h>
@@ -16,13 +17,29 @@ struct Run {
   int64_t size;
 };
 
-// Runs come from the job's own picture, drawn solid in white on black.
+std::vector<Run> RowsOf(const Job &job, const Canvas &canvas) {
+  std::vector<Run> rows;
+  rows.reserve(job.height);
+  for (int y = 0; y < job.height; ++y) {
+    rows.push_back({int64_t{y} * canvas.pitch, int64_t{job.width} * canvas.bytesPerPixel});
+  }
+  return rows;
+}
+
+// Runs come from the job's own drawing, solid and of a white texture, on black.
 std::vector<Run> RunsOf(Job job, const Canvas &canvas) {
+  if (job.IsRectangle()) return RowsOf(job, canvas);
   job.mode = DRAW_SOLID;
   const size_t size = static_cast<size_t>(canvas.pitch) * Canvas::kHeight;
   std::memset(canvas.pixels, 0, size);
   canvas.Target();
-  Drawing(job, canvas)(0);
+  const auto draw = Drawing(job, canvas);
+  if (job.source != 0) {
+    const Picture picture = Picture::Of(job);
+    std::memset(picture.pixels, 0xFF, picture.Pitch() * picture.height);
+  }
+  draw(0);
+  if (job.source != 0) Picture::Of(job);
   const Point spot = SpotOf(job, 0);
   const int bottom = std::min(Canvas::kHeight, spot.y + job.height + 2);
   std::vector<Run> runs;
@@ -172,7 +189,69 @@ void FlipShort(uint8_t *p, int64_t n) {
   }
 }
 
+[[gnu::target("avx2")]] void ReadWide(const uint8_t *from, int64_t n) {
+  __m256i sum = _mm256_setzero_si256();
+  const uint8_t *const last = from + n - 32;
+  for (; from < last; from += 32) {
+    sum = _mm256_xor_si256(sum, _mm256_loadu_si256(reinterpret_cast<const __m256i *>(from)));
+  }
+  sum = _mm256_xor_si256(sum, _mm256_loadu_si256(reinterpret_cast<const __m256i *>(last)));
+  asm volatile("" : : "x"(sum));
+}
+
+[[gnu::target("avx2")]] __m256i XorOf(const uint8_t *a, const uint8_t *b) {
+  return _mm256_xor_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(a)),
+                          _mm256_loadu_si256(reinterpret_cast<const __m256i *>(b)));
+}
+
+[[gnu::target("avx2"), gnu::flatten]] void FlipBy(const uint8_t *from, uint8_t *to, int64_t n) {
+  auto *const last = reinterpret_cast<__m256i *>(to + n - 32);
+  const __m256i tail = XorOf(from + n - 32, to + n - 32);
+  for (int64_t k = 0; k < n - 32; k += 32) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i *>(to + k), XorOf(from + k, to + k));
+  }
+  _mm256_storeu_si256(last, tail);
+}
+
 #endif
+
+void CopyRow(const uint8_t *from, int64_t fromSize, uint8_t *to, int64_t toSize) {
+  if (fromSize == toSize) {
+    std::memcpy(to, from, toSize);
+    return;
+  }
+#if defined(__x86_64__)
+  if (__builtin_cpu_supports("avx2")) {
+    ReadWide(from, fromSize);
+    return StoreWide(to, toSize);
+  }
+#endif
+  for (int64_t k = 0; k < toSize; ++k) to[k] = from[k % fromSize];
+}
+
+void MergeRow(const uint8_t *from, int64_t fromSize, uint8_t *to, int64_t toSize) {
+#if defined(__x86_64__)
+  if (__builtin_cpu_supports("avx2")) {
+    if (fromSize == toSize) return FlipBy(from, to, toSize);
+    ReadWide(from, fromSize);
+    return FlipWide(to, toSize);
+  }
+#endif
+  for (int64_t k = 0; k < toSize; ++k) to[k] ^= from[k % fromSize];
+}
+
+// A copy reads its source and writes the target; one that leaves pixels out or mixes them reads the target as well.
+Contender CopyLimit(const Job &job, const Canvas &canvas) {
+  const bool copies = job.texels == Texels::kOpaque && job.mode == DRAW_SOLID;
+  const auto row = copies ? CopyRow : MergeRow;
+  return {copies ? "copy" : "merge", [=, picture = Picture::Of(job)](unsigned i) {
+            const Point spot = SpotOf(job, i);
+            for (int y = 0; y < job.height; ++y) {
+              row(picture.At(0, y), picture.Pitch(), canvas.At(spot.x, spot.y + y),
+                  int64_t{job.width} * canvas.bytesPerPixel);
+            }
+          }};
+}
 
 // Plain words, for processors without wide ones and for shapes whose runs are single pixels.
 void WithBytes(const std::vector<Run> &runs, uint8_t *base) {
@@ -224,10 +303,12 @@ std::vector<NamedWriter> WritersOf(bool isSolid, const std::vector<Run> &runs, i
 }  // namespace
 
 std::vector<Contender> LimitContenders(const Job &job, const Canvas &canvas) {
+  if (job.IsCopy()) return {CopyLimit(job, canvas)};
   const std::vector<Run> runs = RunsOf(job, canvas);
   if (runs.empty()) return {};
+  const bool isSolid = job.mode == DRAW_SOLID && !job.IsFilter();
   std::vector<Contender> contenders;
-  for (const auto &[name, write] : WritersOf(job.mode == DRAW_SOLID, runs, canvas.bytesPerPixel)) {
+  for (const auto &[name, write] : WritersOf(isSolid, runs, canvas.bytesPerPixel)) {
     contenders.push_back({name, [runs, job, canvas, write = write](unsigned i) {
                             const Point spot = SpotOf(job, i);
                             write(runs, canvas.At(spot.x, spot.y));

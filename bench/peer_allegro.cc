@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "bench/canvas.h"
+#include "bench/picture.h"
 
 namespace brisal::bench {
 namespace {
@@ -19,18 +20,28 @@ bool Start() {
   return true;
 }
 
-int DepthOf(const Canvas &canvas) {
-  return canvas.format == BRSL_FORMAT_555 ? 15 : canvas.bytesPerPixel * 8;
+int DepthOf(int format) {
+  static constexpr int kDepths[] = {16, 15, 24, 32, 32};
+  return kDepths[format - 1];
 }
 
 // A bitmap reaches its pixels through its row pointers: led to the canvas, it draws there.
 Bitmap BitmapOf(const Canvas &canvas) {
-  Bitmap bitmap(create_bitmap_ex(DepthOf(canvas), Canvas::kWidth, Canvas::kHeight), destroy_bitmap);
+  Bitmap bitmap(create_bitmap_ex(DepthOf(canvas.format), Canvas::kWidth, Canvas::kHeight),
+                destroy_bitmap);
   for (int y = 0; bitmap && y < Canvas::kHeight; ++y) bitmap->line[y] = canvas.At(0, y);
   return bitmap;
 }
 
+Bitmap BitmapOf(const Picture &picture) {
+  Bitmap bitmap(create_bitmap_ex(DepthOf(picture.format), picture.width, picture.height),
+                destroy_bitmap);
+  for (int y = 0; bitmap && y < picture.height; ++y) bitmap->line[y] = picture.At(0, y);
+  return bitmap;
+}
+
 void SetMode(const Job &job) {
+  if (job.HasAlpha()) return set_alpha_blender();
   switch (job.mode) {
     case DRAW_XOR: drawing_mode(DRAW_MODE_XOR, nullptr, 0, 0); return;
     case DRAW_ALPHA:
@@ -115,12 +126,71 @@ std::function<void(unsigned)> Drawing(const Job &job, const Bitmap &bitmap) {
   }
 }
 
+std::function<void(unsigned)> Copying(const Job &job, const Bitmap &target, const Bitmap &source) {
+  using Copy = void (*)(BITMAP *, BITMAP *, int, int, int, int, int, int);
+  if (job.HasAlpha() || job.mode != DRAW_SOLID) {
+    return [=](unsigned i) {
+      const auto [x, y] = SpotOf(job, i);
+      draw_trans_sprite(target.get(), source.get(), x, y);
+    };
+  }
+  const Copy copy = job.IsKeyed() ? masked_blit : blit;
+  return [=](unsigned i) {
+    const auto [x, y] = SpotOf(job, i);
+    copy(source.get(), target.get(), 0, 0, x, y, job.width, job.height);
+  };
+}
+
+std::function<void(unsigned)> Texturing(const Job &job, const Bitmap &target, const Bitmap &source,
+                                        const Picture &picture) {
+  const int type = job.IsKeyed() ? POLYTYPE_ATEX_MASK : POLYTYPE_ATEX;
+  return [=, corners = CornersOf(job), texels = TexelsOf(job, picture)](unsigned i) {
+    std::array<V3D_f, 3> shape;
+    for (size_t k = 0; k < shape.size(); ++k) {
+      shape[k] = VertexOf(corners[k], SpotOf(job, i), 0);
+      shape[k].u = static_cast<float>(texels[k].x);
+      shape[k].v = static_cast<float>(texels[k].y);
+    }
+    triangle3d_f(target.get(), type, source.get(), &shape[0], &shape[1], &shape[2]);
+  };
+}
+
+std::function<void(unsigned)> PictureDrawing(const Job &job, const Bitmap &target) {
+  const Picture picture = Picture::Of(job);
+  const Bitmap source = BitmapOf(picture);
+  if (!source) return nullptr;
+  switch (job.kind) {
+    case Kind::kBlit:
+    case Kind::kTexture: return Copying(job, target, source);
+    case Kind::kTexturedTriangle: return Texturing(job, target, source, picture);
+    case Kind::kSprite: {
+      // The turn keeps the sprite's size and its middle.
+      const Point corner = TurnedCorners(job)[0];
+      const fixed angle = fixatan2(itofix(corner.x), itofix(job.width - corner.x));
+      const int left = (job.width - picture.width) / 2;
+      const int top = (job.height - picture.height) / 2;
+      return [=](unsigned i) {
+        const auto [x, y] = SpotOf(job, i);
+        rotate_sprite(target.get(), source.get(), x + left, y + top, angle);
+      };
+    }
+    case Kind::kScale:
+      return [=](unsigned i) {
+        const auto [x, y] = SpotOf(job, i);
+        stretch_blit(source.get(), target.get(), 0, 0, picture.width, picture.height, x, y,
+                     job.width, job.height);
+      };
+    default: return nullptr;
+  }
+}
+
 std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
   static const bool started = Start();
   if (!started || !HasMode(job)) return {};
   const Bitmap bitmap = BitmapOf(canvas);
   if (!bitmap) return {};
-  std::function<void(unsigned)> draw = Drawing(job, bitmap);
+  std::function<void(unsigned)> draw =
+      job.source != 0 ? PictureDrawing(job, bitmap) : Drawing(job, bitmap);
   if (!draw) return {};
   return {{"Allegro", draw, [job] { SetMode(job); }}};
 }

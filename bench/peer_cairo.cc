@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "bench/canvas.h"
+#include "bench/picture.h"
 
 namespace brisal::bench {
 namespace {
@@ -63,9 +64,56 @@ void DrawLine(cairo_t *context, const Job &job, Point spot) {
   cairo_stroke(context);
 }
 
+// The picture, and the pixels that the pattern has of its own.
+struct Source {
+  std::vector<uint32_t> pixels;
+  std::shared_ptr<cairo_pattern_t> pattern;
+};
+
+// Nothing is left out by colour: the mask colour becomes transparent.
+std::shared_ptr<Source> SourceOf(const Job &job) {
+  const Picture picture = Picture::Of(job);
+  auto source = std::make_shared<Source>();
+  const bool isOpaque = job.texels == Texels::kOpaque;
+  if (!isOpaque) source->pixels = PremultipliedPicture(job);
+  auto *const pixels = reinterpret_cast<uint8_t *>(source->pixels.data());
+  cairo_surface_t *surface = cairo_image_surface_create_for_data(
+      isOpaque ? picture.pixels : pixels, isOpaque ? FormatOf(job.source) : CAIRO_FORMAT_ARGB32,
+      picture.width, picture.height, isOpaque ? picture.Pitch() : picture.width * 4);
+  source->pattern = {cairo_pattern_create_for_surface(surface), cairo_pattern_destroy};
+  cairo_surface_destroy(surface);
+  cairo_pattern_set_filter(source->pattern.get(),
+                           job.IsBilinear() ? CAIRO_FILTER_BILINEAR : CAIRO_FILTER_NEAREST);
+  if (!job.IsCopy()) {
+    const Affine at = PlacesOf(job, picture);
+    cairo_matrix_t matrix;
+    cairo_matrix_init(&matrix, at.xx, at.yx, at.xy, at.yy, at.x0, at.y0);
+    cairo_pattern_set_matrix(source->pattern.get(), &matrix);
+  }
+  if (job.IsScaling()) cairo_pattern_set_extend(source->pattern.get(), CAIRO_EXTEND_PAD);
+  return source;
+}
+
+std::vector<Contender> Copy(const Job &job, const Context &context) {
+  const bool is32BitKeyed = job.IsKeyed() && job.source == BRSL_FORMAT_X32;
+  if (job.kind == Kind::kTexturedTriangle || job.mode == DRAW_HALF) return {};
+  if (FormatOf(job.source) == CAIRO_FORMAT_INVALID || (job.IsKeyed() && !is32BitKeyed)) return {};
+  const std::shared_ptr<Source> source = SourceOf(job);
+  return {{"cairo", [=](unsigned i) {
+             const auto [x, y] = SpotOf(job, i);
+             cairo_t *const to = context.get();
+             cairo_identity_matrix(to);
+             cairo_translate(to, x, y);
+             cairo_set_source(to, source->pattern.get());
+             cairo_rectangle(to, 0, 0, job.width, job.height);
+             cairo_fill(to);
+           }}};
+}
+
 std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
   const Context context = ContextOf(job, canvas);
   if (!context) return {};
+  if (job.source != 0) return Copy(job, context);
   cairo_t *const to = context.get();
   switch (job.kind) {
     case Kind::kBox:

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "bench/canvas.h"
+#include "bench/picture.h"
 
 namespace brisal::bench {
 namespace {
@@ -19,16 +20,20 @@ constexpr Masks kMasks[] = {
     {0xFF0000, 0xFF00, 0xFF, 0xFF000000},
 };
 
+SDL_Surface *SurfaceOf(uint8_t *pixels, int width, int height, int pitch, int format) {
+  static constexpr int kDepths[] = {16, 15, 24, 32, 32};
+  const Masks &masks = kMasks[format - 1];
+  return SDL_CreateRGBSurfaceFrom(pixels, width, height, kDepths[format - 1], pitch, masks.red,
+                                  masks.green, masks.blue, masks.alpha);
+}
+
 struct Target {
   SDL_Surface *surface;
   SDL_Renderer *renderer;
 
   explicit Target(const Canvas &canvas) {
-    const Masks &masks = kMasks[canvas.format - 1];
-    const int depth = canvas.format == BRSL_FORMAT_555 ? 15 : canvas.bytesPerPixel * 8;
     surface =
-        SDL_CreateRGBSurfaceFrom(canvas.pixels, Canvas::kWidth, Canvas::kHeight, depth,
-                                 canvas.pitch, masks.red, masks.green, masks.blue, masks.alpha);
+        SurfaceOf(canvas.pixels, Canvas::kWidth, Canvas::kHeight, canvas.pitch, canvas.format);
     renderer = SDL_CreateSoftwareRenderer(surface);
   }
   Target(const Target &) = delete;
@@ -104,6 +109,84 @@ Contender RenderTriangle(const Job &job, const SharedTarget &target, SDL_BlendMo
   });
 }
 
+using Surface = std::shared_ptr<SDL_Surface>;
+
+Surface SourceOf(const Job &job, const Picture &picture, SDL_BlendMode blend) {
+  Surface source(
+      SurfaceOf(picture.pixels, picture.width, picture.height, picture.Pitch(), picture.format),
+      SDL_FreeSurface);
+  SDL_SetSurfaceBlendMode(source.get(), job.HasAlpha() ? SDL_BLENDMODE_BLEND : blend);
+  if (job.mode == DRAW_HALF) SDL_SetSurfaceAlphaMod(source.get(), OpacityOf(job));
+  if (job.IsKeyed()) {
+    SDL_SetColorKey(source.get(), SDL_TRUE,
+                    SDL_MapRGB(source->format, kMaskColour >> 16 & 0xFF, kMaskColour >> 8 & 0xFF,
+                               kMaskColour & 0xFF));
+  }
+  return source;
+}
+
+// A shape of vertices, given by its corners and by their texels from 0 to 1.
+std::vector<SDL_Vertex> VerticesOf(const Job &job, const Picture &picture) {
+  std::vector<SDL_Vertex> shape;
+  const auto add = [&shape](Point corner, float u, float v) {
+    shape.push_back({{static_cast<float>(corner.x), static_cast<float>(corner.y)},
+                     {255, 255, 255, 255},
+                     {u, v}});
+  };
+  if (job.kind == Kind::kTexturedTriangle) {
+    const auto corners = CornersOf(job);
+    const auto texels = TexelsOf(job, picture);
+    for (size_t k = 0; k < 3; ++k) {
+      add(corners[k], (texels[k].x + 0.5F) / static_cast<float>(picture.width),
+          (texels[k].y + 0.5F) / static_cast<float>(picture.height));
+    }
+    return shape;
+  }
+  const auto corners = TurnedCorners(job);
+  for (const size_t k : {0, 1, 2, 0, 2, 3}) {
+    add(corners[k], k == 1 || k == 2 ? 1 : 0, k >= 2 ? 1 : 0);
+  }
+  return shape;
+}
+
+Contender RenderTextured(const Job &job, const SharedTarget &target) {
+  const Picture picture = Picture::Of(job);
+  const Surface source = SourceOf(job, picture, SDL_BLENDMODE_NONE);
+  const std::shared_ptr<SDL_Texture> texture(
+      SDL_CreateTextureFromSurface(target->renderer, source.get()),
+      [target](SDL_Texture *owned) { SDL_DestroyTexture(owned); });
+  if (!job.IsKeyed()) SDL_SetTextureBlendMode(texture.get(), SDL_BLENDMODE_NONE);
+  return Render(job, target, SDL_BLENDMODE_NONE,
+                [texture, shape = VerticesOf(job, picture)](SDL_Renderer *renderer, Point spot) {
+                  std::array<SDL_Vertex, 6> moved;
+                  for (size_t k = 0; k < shape.size(); ++k) {
+                    moved[k] = shape[k];
+                    moved[k].position.x += static_cast<float>(spot.x);
+                    moved[k].position.y += static_cast<float>(spot.y);
+                  }
+                  SDL_RenderGeometry(renderer, texture.get(), moved.data(),
+                                     static_cast<int>(shape.size()), nullptr, 0);
+                });
+}
+
+std::vector<Contender> Copy(const Job &job, const SharedTarget &target, SDL_BlendMode blend) {
+  const Surface source = SourceOf(job, Picture::Of(job), blend);
+  // Stretching with a filter is for 32 bits only.
+  const bool isStretch = job.IsScaling();
+  if (isStretch && job.IsBilinear() && job.source != BRSL_FORMAT_X32) return {};
+  return {{"SDL", [=](unsigned i) {
+             const auto [x, y] = SpotOf(job, i);
+             SDL_Rect box = {x, y, job.width, job.height};
+             if (!isStretch) {
+               SDL_BlitSurface(source.get(), nullptr, target->surface, &box);
+             } else if (job.IsBilinear()) {
+               SDL_SoftStretchLinear(source.get(), nullptr, target->surface, &box);
+             } else {
+               SDL_SoftStretch(source.get(), nullptr, target->surface, &box);
+             }
+           }}};
+}
+
 std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
   SDL_BlendMode blend;
   if (!BlendOf(job, &blend)) return {};
@@ -124,6 +207,13 @@ std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
         SDL_RenderDrawLine(renderer, spot.x, spot.y, spot.x + job.width - 1,
                            spot.y + job.height - 1);
       })};
+    case Kind::kBlit:
+    case Kind::kTexture:
+    case Kind::kScale:
+    case Kind::kBilinearScale:
+    case Kind::kWeighedScale: return Copy(job, target, blend);
+    case Kind::kTexturedTriangle:
+    case Kind::kSprite: return {RenderTextured(job, target)};
     default: return {};
   }
 }

@@ -7,7 +7,7 @@
 namespace brisal::bench {
 namespace {
 
-constexpr int kNameWidth = 36;
+constexpr int kNameWidth = 40;
 
 double TimeOf(const Timing *timing) { return timing ? timing->nanoseconds : 0; }
 
