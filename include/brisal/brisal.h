@@ -821,7 +821,8 @@ BRSL_API void BRSL_CALL BRSL_MirrorRect(const int32_t *rect, int32_t horizontal,
  * within the size of src; 1111 weighs the four pixels around (u, v), read through the viewport of src,
  * by (256 - fx)(256 - fy) >> 8 and so on with fx, fy = bits 8-15 of u and v, every byte (alpha too) a
  * sum of products >> 8, the neighbours held inside the viewport's last column and row. Any other mode,
- * and a dst without width or height, does nothing.
+ * and a dst without width or height, does nothing; nor does mode 1 for a src without, or with more than
+ * 32768 columns or rows.
  * The caller guarantees that viewports lie inside their surfaces and that the two do not overlap.
  */
 BRSL_API void BRSL_CALL BRSL_ScaleSurface(const BRSL_SurfaceDesc *src, BRSL_SurfaceDesc *dst,
@@ -960,7 +961,8 @@ BRSL_API TPD_Pipeline *BRSL_CALL TPD_BuildSpriteDrawMode(uint32_t spriteMode, ui
  * Textures are mapped in straight lines, without perspective. Texel coordinates are clamped to the
  * texture (0 .. width - 1, 0 .. height - 1, in the vertex list itself) and stepped in 16.16 down the
  * edges and across each row; like colours they are not restarted at a vertex. A null texture or
- * pipeline draws nothing, nor does a texture without width or height or of a format outside 1-5. The
+ * pipeline draws nothing, nor does a texture without width or height or of a format outside 1-5.
+ * Columns and rows of a texture beyond 32767 are not reached. The
  * viewport of the texture's descriptor does not matter. The caller guarantees that the texture's
  * pixels may be read, and that they are not the target's.
  */

@@ -136,6 +136,27 @@ struct Fetch {
   }
 };
 
+template <class F, bool Keyed>
+void CopyTexels(const TexelPath &path, int64_t n, uint8_t *pixels) {
+  uint32_t u = path.u;
+  uint32_t v = path.v;
+  for (int64_t i = 0; i < n; ++i, u += path.du, v += path.dv, pixels += F::kBytes) {
+    const uint32_t stored = F::Load(TexelAt<F>(path, Whole(u), Whole(v)));
+    if constexpr (Keyed) {
+      F::Store(pixels, stored == path.storedKey ? F::Load(pixels) : stored);
+    } else {
+      F::Store(pixels, stored);
+    }
+  }
+}
+
+template <bool Keyed, class... F>
+constexpr std::array<CopyKernel, sizeof...(F)> CopyRow(TypeList<F...>) {
+  return {&CopyTexels<F, Keyed>...};
+}
+
+constexpr std::array kCopyKernels = {CopyRow<false>(Formats{}), CopyRow<true>(Formats{})};
+
 using Fetchers = Kernels<const TexelPath *, int, uint32_t *, TexelRuns *>;
 
 template <bool Filtered, bool Compressed, class F>
@@ -161,6 +182,10 @@ constexpr std::array kFetchKernels = {
 FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed) {
   if (!IsFormat(format)) return nullptr;
   return kFetchKernels[filtered][compressed][static_cast<size_t>(format - 1)].columns[wide];
+}
+
+CopyKernel FindCopyKernel(int32_t format, bool keyed) {
+  return IsFormat(format) ? kCopyKernels[keyed][static_cast<size_t>(format - 1)] : nullptr;
 }
 
 }  // namespace brisal

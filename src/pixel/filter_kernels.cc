@@ -11,6 +11,13 @@ BRISAL_INLINE uint32_t Byte(uint32_t colour, int shift) { return colour >> shift
 struct FadeColours {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(uint8_t *bytes, int n, uint32_t factor) {
+    if (factor <= 256) {
+      const uint16_t weight = static_cast<uint16_t>(factor);
+      for (int i = 0; i < 4 * n; ++i) {
+        bytes[i] = static_cast<uint8_t>(static_cast<uint16_t>(bytes[i] * weight) >> 8);
+      }
+      return;
+    }
     for (int i = 0; i < 4 * n; ++i) {
       const uint32_t faded = bytes[i] * factor >> 8;
       bytes[i] = static_cast<uint8_t>(faded < 255 ? faded : 255);

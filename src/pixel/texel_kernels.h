@@ -42,6 +42,11 @@ struct TexelPath {
 using FetchKernel = void (*)(const TexelPath *path, int n, uint32_t *texels, TexelRuns *runs);
 FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed);
 
+// Copies n texels to a target of the same format, as they are stored; keyed, without those that are the
+// mask colour.
+using CopyKernel = void (*)(const TexelPath &path, int64_t n, uint8_t *pixels);
+CopyKernel FindCopyKernel(int32_t format, bool keyed);
+
 // The colours of n pixels of a shaded span from the `first` on.
 using RampKernel = void (*)(const Span *span, int64_t first, int n, uint32_t *colours);
 RampKernel FindRampKernel(bool wide);

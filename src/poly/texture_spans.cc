@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "pixel/blit_kernels.h"
 #include "pixel/format.h"
 #include "pixel/span_kernels.h"
 #include "pixel/texel_kernels.h"
@@ -43,6 +44,11 @@ class TexturePainter {
     output_ = FindOutputKernel(canvas.wide, OutputOf(texture), canvas.target.format);
     fillGap_ = FindSpanKernel(canvas.wide, Rule::kSolid, canvas.target.format);
     ramp_ = FindRampKernel(canvas.wide);
+    const bool keyed = keepsTarget_ && (compressed || direct);
+    if (CopiesStored(texture) && !fillsGaps_) {
+      copy_ = FindCopyKernel(texture.format, keyed);
+      copyRow_ = FindBlitKernel(canvas.wide, texture.format, texture.format, keyed ? 1 : 0);
+    }
   }
 
   bool Draws() const { return pipeline_.outputEffect != 0 && fetch_ && output_; }
@@ -50,6 +56,7 @@ class TexturePainter {
   void Draw(const Span &span) {
     const int64_t width = int64_t{span.right} - span.left;
     if (width < 1) return;
+    if (copy_ != nullptr) return Copy(span, width);
     if (fillsGaps_ && width > kPiece && IsTransparent(span, width)) return;
     for (int64_t first = 0; first < width; first += kPiece) {
       DrawPiece(span, first, static_cast<int>(std::min<int64_t>(width - first, kPiece)));
@@ -60,6 +67,22 @@ class TexturePainter {
   bool IsDirect(const Surface &texture) const {
     return texture.format == BRSL_FORMAT_X32 && canvas_.target.format == BRSL_FORMAT_X32 &&
            pipeline_.outputEffect == 1 && pipeline_.filterFlag == 0 && EffectCount() == 0;
+  }
+
+  // Whether texels reach the target as they are stored. Those of 5:5:5 lose a bit on the way.
+  bool CopiesStored(const Surface &texture) const {
+    const bool plain = !keepsTarget_ || texture.format != BRSL_FORMAT_A32;
+    return plain && texture.format == canvas_.target.format && texture.format != BRSL_FORMAT_555 &&
+           OutputOf(texture) == Output::kPlain && pipeline_.filterFlag != 1 && EffectCount() == 0;
+  }
+
+  void Copy(const Span &span, int64_t width) const {
+    const TexelPath path = PathAt(span, 0);
+    uint8_t *pixels = canvas_.target.Row(span.y) + ByteOffset(span.left, pixelBytes_);
+    if (path.du != 0x10000 || path.dv != 0) return copy_(path, width, pixels);
+    const uint8_t *texels =
+        path.address + ByteOffset(span.v >> 16, path.pitch) + ByteOffset(span.u >> 16, pixelBytes_);
+    copyRow_({pixels, 0, texels, 0, static_cast<ptrdiff_t>(width), 1}, path.storedKey);
   }
 
   int EffectCount() const {
@@ -163,6 +186,8 @@ class TexturePainter {
   OutputKernel output_;
   SpanKernel fillGap_;
   RampKernel ramp_;
+  CopyKernel copy_ = nullptr;  // where texels need no stages in between
+  BlitKernel copyRow_ = nullptr;
 };
 
 }  // namespace

@@ -153,9 +153,11 @@ void DrawTexture(const Canvas &canvas, const TextureWork &work, const Surface *t
   if (pipeline == nullptr || !HasTexels(texture)) return;
   const Viewport &view = canvas.viewport;
   const int64_t left = std::max(x, view.left);
-  const int64_t right = std::min<int64_t>(int64_t{x} + texture->width, view.right);
+  const int64_t width = std::min(texture->width, kLargestTexel);
+  const int64_t height = std::min(texture->height, kLargestTexel);
+  const int64_t right = std::min<int64_t>(x + width, view.right);
   const int64_t top = std::max(y, view.top);
-  const int64_t bottom = std::min<int64_t>(int64_t{y} + texture->height, view.bottom);
+  const int64_t bottom = std::min<int64_t>(y + height, view.bottom);
   if (left >= right || top >= bottom) return;
   Span *const spans = work.spans.Get(bottom - top);
   if (spans == nullptr) return;

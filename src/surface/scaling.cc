@@ -29,6 +29,9 @@ void FillSurface(bool wide, const Surface &destination, FillPiece fill) {
   }
 }
 
+// The most columns or rows that 16.16 coordinates reach.
+constexpr int32_t kLargestSource = 32768;
+
 int32_t Whole(int64_t coordinate) { return static_cast<int32_t>(coordinate >> 16); }
 
 // The four bytes of a colour, each times the weight, in two words of 16-bit lanes.
@@ -44,28 +47,119 @@ struct Weighted {
   uint32_t Colour() const { return (even >> 8 & 0xFF00FF) | (odd & 0xFF00FF00); }
 };
 
-// Bilinear within the source's viewport.
-uint32_t SampleView(const Surface &source, int64_t u, int64_t v) {
-  const int32_t x0 = Whole(u);
-  const int32_t y0 = Whole(v);
-  const int32_t x1 = x0 + 1 < source.viewRight ? x0 + 1 : source.viewRight - 1;
-  const int32_t y1 = y0 + 1 < source.viewBottom ? y0 + 1 : source.viewBottom - 1;
-  const uint32_t fx = u >> 8 & 255;
-  const uint32_t fy = v >> 8 & 255;
-  const uint32_t topLeft = (256 - fx) * (256 - fy);
-  const uint32_t topRight = fx * (256 - fy);
-  const uint32_t bottomRight = fx * fy;
-  const uint32_t bottomLeft = 65536 - topLeft - topRight - bottomRight;
+// The weights of the four pixels around a place between them, in 256.
+struct Weights {
+  Weights(uint32_t u, uint32_t v) {
+    const uint32_t fx = u >> 8 & 255;
+    const uint32_t fy = v >> 8 & 255;
+    const uint32_t left = (256 - fx) * (256 - fy);
+    const uint32_t right = fx * (256 - fy);
+    topLeft = left >> 8;
+    topRight = right >> 8;
+    bottomRight = (fx * fy) >> 8;
+    bottomLeft = (65536 - left - right - fx * fy) >> 8;
+  }
+
+  uint32_t topLeft;
+  uint32_t topRight;
+  uint32_t bottomRight;
+  uint32_t bottomLeft;
+};
+
+uint32_t Weigh(const Weights &w, uint32_t topLeft, uint32_t topRight, uint32_t bottomRight,
+               uint32_t bottomLeft) {
   Weighted sum;
-  sum.Add(Peek(source, x0, y0), topLeft >> 8);
-  sum.Add(Peek(source, x1, y0), topRight >> 8);
-  sum.Add(Peek(source, x1, y1), bottomRight >> 8);
-  sum.Add(Peek(source, x0, y1), bottomLeft >> 8);
+  sum.Add(topLeft, w.topLeft);
+  sum.Add(topRight, w.topRight);
+  sum.Add(bottomRight, w.bottomRight);
+  sum.Add(bottomLeft, w.bottomLeft);
   return sum.Colour();
 }
 
+// Resamples one destination row after the other from what the source's viewport shows.
+class ViewSampler {
+ public:
+  ViewSampler(bool wide, const Surface &source, int64_t xStep, int64_t yStep)
+      : source_(source),
+        view_(ViewportOf(source)),
+        xStep_(xStep),
+        yStep_(yStep),
+        fetch_(FindFetchKernel(wide, source.format, false, false)) {
+    path_.address = static_cast<const uint8_t *>(source.address);
+    path_.pitch = source.pitch;
+    path_.du = static_cast<uint32_t>(xStep);
+  }
+
+  void Nearest(int64_t x, int64_t y, int n, uint32_t *colours) {
+    const int64_t v = y * yStep_;
+    if (Shows(x, n, 0) && view_.ContainsRow(v >> 16)) return Fetch(x * xStep_, v, n, colours);
+    for (int i = 0; i < n; ++i) colours[i] = Peek(source_, Whole((x + i) * xStep_), Whole(v));
+  }
+
+  void Bilinear(int64_t x, int64_t y, int n, uint32_t *colours) {
+    const int64_t u = x * xStep_;
+    const int64_t v = y * yStep_;
+    if (!Shows(x, n, 1) || !view_.ContainsRow(v >> 16)) {
+      for (int i = 0; i < n; ++i) colours[i] = SampleAt((x + i) * xStep_, v);
+      return;
+    }
+    const int64_t below = std::min<int64_t>((v >> 16) + 1, int64_t{view_.bottom} - 1) << 16;
+    uint32_t topLeft[kRowPiece];
+    uint32_t topRight[kRowPiece];
+    uint32_t bottomRight[kRowPiece];
+    uint32_t bottomLeft[kRowPiece];
+    Fetch(u, v, n, topLeft);
+    Fetch(u + 65536, v, n, topRight);
+    Fetch(u + 65536, below, n, bottomRight);
+    Fetch(u, below, n, bottomLeft);
+    for (int i = 0; i < n; ++i) {
+      const Weights weights(static_cast<uint32_t>(u + i * xStep_), static_cast<uint32_t>(v));
+      colours[i] = Weigh(weights, topLeft[i], topRight[i], bottomRight[i], bottomLeft[i]);
+    }
+  }
+
+ private:
+  // Whether the columns of n pixels, and as many to the right of each, are all in the view, and
+  // their coordinates no wider than the fetch takes them.
+  bool Shows(int64_t x, int n, int right) const {
+    const int64_t last = ((x + n - 1) * xStep_ >> 16) + right;
+    return fetch_ != nullptr && source_.width <= kLargestSource &&
+           source_.height <= kLargestSource && last < kLargestSource &&
+           view_.ContainsColumn(x * xStep_ >> 16) && view_.ContainsColumn(last);
+  }
+
+  void Fetch(int64_t u, int64_t v, int n, uint32_t *colours) {
+    path_.u = static_cast<uint32_t>(u);
+    path_.v = static_cast<uint32_t>(v);
+    TexelRuns runs;
+    fetch_(&path_, n, colours, &runs);
+  }
+
+  uint32_t SampleAt(int64_t u, int64_t v) const {
+    const int32_t x0 = Whole(u);
+    const int32_t y0 = Whole(v);
+    const int32_t x1 = x0 + 1 < view_.right ? x0 + 1 : view_.right - 1;
+    const int32_t y1 = y0 + 1 < view_.bottom ? y0 + 1 : view_.bottom - 1;
+    const Weights weights(static_cast<uint32_t>(u), static_cast<uint32_t>(v));
+    return Weigh(weights, Peek(source_, x0, y0), Peek(source_, x1, y0), Peek(source_, x1, y1),
+                 Peek(source_, x0, y1));
+  }
+
+  const Surface &source_;
+  Viewport view_;
+  int64_t xStep_;
+  int64_t yStep_;
+  FetchKernel fetch_;
+  TexelPath path_ = {};
+};
+
 bool IsTransparent(uint32_t colour, int32_t format, uint32_t key) {
   return format == BRSL_FORMAT_A32 ? colour >> 24 != 0xFF : colour == key;
+}
+
+bool IsTexture(const Surface &source) {
+  return 0 < source.width && source.width <= kLargestSource && 0 < source.height &&
+         source.height <= kLargestSource;
 }
 
 }  // namespace
@@ -74,16 +168,16 @@ void ScaleSurface(bool wide, const Surface &source, const Surface &destination, 
   if (destination.width < 1 || destination.height < 1) return;
   const int64_t xStep = Divide(int64_t{source.width} * 65536, destination.width);
   const int64_t yStep = Divide(int64_t{source.height} * 65536, destination.height);
+  ViewSampler sampler(wide, source, xStep, yStep);
   if (mode == 0) {
     FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
-      const int32_t row = Whole(y * yStep);
-      for (int i = 0; i < n; ++i) colours[i] = Peek(source, Whole((x + i) * xStep), row);
+      sampler.Nearest(x, y, n, colours);
     });
   } else if (mode == 1111) {
     FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
-      for (int i = 0; i < n; ++i) colours[i] = SampleView(source, (x + i) * xStep, y * yStep);
+      sampler.Bilinear(x, y, n, colours);
     });
-  } else if (mode == 1 && source.width > 0 && source.height > 0) {
+  } else if (mode == 1 && IsTexture(source)) {
     const FetchKernel fetch = FindFetchKernel(wide, source.format, true, false);
     if (fetch == nullptr) return;
     TexelPath path = {};
