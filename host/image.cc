@@ -35,32 +35,24 @@ void Store32(uint8_t *p, uint32_t v) {
 
 uint32_t Load(const uint8_t *p, int32_t format) {
   switch (format) {
-    case BRSL_FORMAT_565:
-      return From565(Load16(p));
-    case BRSL_FORMAT_555:
-      return From555(Load16(p));
-    case BRSL_FORMAT_RGB:
-      return kOpaque | uint32_t{p[0]} << 16 | uint32_t{p[1]} << 8 | p[2];
-    case BRSL_FORMAT_X32:
-      return kOpaque | Load32(p);
-    default:
-      return Load32(p);
+    case BRSL_FORMAT_565: return From565(Load16(p));
+    case BRSL_FORMAT_555: return From555(Load16(p));
+    case BRSL_FORMAT_RGB: return kOpaque | uint32_t{p[0]} << 16 | uint32_t{p[1]} << 8 | p[2];
+    case BRSL_FORMAT_X32: return kOpaque | Load32(p);
+    default: return Load32(p);
   }
 }
 
 void Store(uint8_t *p, int32_t format, uint32_t colour) {
   switch (format) {
-    case BRSL_FORMAT_565:
-      return Store16(p, RGBto565(colour));
-    case BRSL_FORMAT_555:
-      return Store16(p, RGBto555(colour));
+    case BRSL_FORMAT_565: return Store16(p, RGBto565(colour));
+    case BRSL_FORMAT_555: return Store16(p, RGBto555(colour));
     case BRSL_FORMAT_RGB:
       p[0] = static_cast<uint8_t>(colour >> 16);
       p[1] = static_cast<uint8_t>(colour >> 8);
       p[2] = static_cast<uint8_t>(colour);
       return;
-    default:
-      return Store32(p, colour);
+    default: return Store32(p, colour);
   }
 }
 
@@ -69,15 +61,11 @@ void Store(uint8_t *p, int32_t format, uint32_t colour) {
 int32_t BytesPerPixel(int32_t format) {
   switch (format) {
     case BRSL_FORMAT_565:
-    case BRSL_FORMAT_555:
-      return 2;
-    case BRSL_FORMAT_RGB:
-      return 3;
+    case BRSL_FORMAT_555: return 2;
+    case BRSL_FORMAT_RGB: return 3;
     case BRSL_FORMAT_X32:
-    case BRSL_FORMAT_A32:
-      return 4;
-    default:
-      return 0;
+    case BRSL_FORMAT_A32: return 4;
+    default: return 0;
   }
 }
 

@@ -121,8 +121,9 @@ class Writer {
     if (setjmp(png_jmpbuf(png_))) return false;
     const bool alpha = channels == PngChannels::kRgba;
     png_init_io(png_, file_);
-    // A photograph gains little beyond this level and takes three times as long.
-    png_set_compression_level(png_, 4);
+    // A photograph gains a twentieth beyond this level and filter, in three times the time.
+    png_set_compression_level(png_, 2);
+    png_set_filter(png_, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB);
     png_set_IHDR(png_, info_, static_cast<uint32_t>(image.Width()),
                  static_cast<uint32_t>(image.Height()), 8,
                  alpha ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
@@ -199,6 +200,7 @@ Image ReadPng(const fs::path &path) {
   Image image(static_cast<int32_t>(reader.Width()), static_cast<int32_t>(reader.Height()),
               BRSL_FORMAT_A32);
   std::vector<png_bytep> rows;
+  rows.reserve(static_cast<size_t>(image.Height()));
   for (int32_t y = 0; y < image.Height(); y++) rows.push_back(image.Row(y));
   if (!reader.ReadRows(rows.data())) throw reader.Failure(path);
   return image;

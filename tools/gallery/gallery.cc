@@ -36,7 +36,10 @@ class Gallery {
 
   Section Draw(const Scene &scene, Progress &progress) {
     Section section{&scene, {}, {}};
-    for (const FormatInfo &format : options_.formats) {
+    std::vector<FormatInfo> formats = options_.formats;
+    std::stable_partition(formats.begin(), formats.end(),
+                          [&](const FormatInfo &format) { return format.code != scene.lead; });
+    for (const FormatInfo &format : formats) {
       progress.Step(std::string(scene.title) + ", " + format.name);
       if (scene.variants.empty()) {
         if (section.groups.empty()) section.groups.emplace_back();

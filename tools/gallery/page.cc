@@ -12,20 +12,11 @@ std::string Escape(const std::string &text) {
   std::string result;
   for (const char c : text) {
     switch (c) {
-      case '&':
-        result += "&amp;";
-        break;
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '"':
-        result += "&quot;";
-        break;
-      default:
-        result += c;
+      case '&': result += "&amp;"; break;
+      case '<': result += "&lt;"; break;
+      case '>': result += "&gt;"; break;
+      case '"': result += "&quot;"; break;
+      default: result += c;
     }
   }
   return result;
@@ -40,7 +31,8 @@ std::string Highlight(const std::string &code) {
     size_t end = i;
     while (end < code.size() && IsWord(code[end])) end++;
     const std::string word = code.substr(i, end - i);
-    if ((word.starts_with("BRSL_") || word.starts_with("TPD_")) && end < code.size() && code[end] == '(') {
+    if ((word.starts_with("BRSL_") || word.starts_with("TPD_")) && end < code.size() &&
+        code[end] == '(') {
       result += "<b>" + word + "</b>";
     } else {
       result += word;
@@ -73,7 +65,7 @@ std::string Row(const std::vector<Shot> &shots, const std::string &title) {
   return html + "</div>\n";
 }
 
-// The last format, the richest one, is shown large beside the code; the others below.
+// The last format is shown large beside the code; the others below.
 std::string PlainBody(const Section &section) {
   std::vector<Shot> others = section.groups[0].shots;
   const Shot lead = others.back();
@@ -133,7 +125,8 @@ std::string Page(const std::vector<Section> &sections, int32_t width, int32_t he
   for (const Section &section : sections) html += Body(section);
   return html +
          "</main>\n<footer>In the code, w and h are the width and height of the target, s is the "
-         "smaller of the two. Pictures of narrower formats are widened for the screen. Click a "
+         "smaller of the two. Sprites and textures are computed. Pictures of narrower formats are "
+         "widened for the screen. Click a "
          "picture to see it alone.</footer>\n</body>\n</html>\n";
 }
 

@@ -22,7 +22,7 @@ struct Group {
 };
 
 // A scene as drawn: one group with a shot for each format or, where the scene has variants, a group
-// for each format with a shot for each variant.
+// for each format with a shot for each variant. The lead format is the last.
 struct Section {
   const Scene *scene;
   std::string code;

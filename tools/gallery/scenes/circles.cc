@@ -28,8 +28,8 @@ void DrawCircles(Stage &stage) {
     const Planet planets[] = {{2, 0.6, 50, 0x907868}, {3, 3.9, 34, 0xC07040}, {4, 2.2, 26, 0x3868A8},
                               {5, 5.6, 17, 0xA88058}, {6, 3.5, 22, 0x488888}};
     for (const Planet &p : planets) {
-      const int32_t x = w / 2 + int32_t(w * p.orbit / 13 * std::cos(p.turn));
-      const int32_t y = h / 2 + int32_t(h * p.orbit / 17 * std::sin(p.turn));
+      const int32_t x = w / 2 + int32_t(w * p.orbit * std::cos(p.turn) / 13);
+      const int32_t y = h / 2 + int32_t(h * p.orbit * std::sin(p.turn) / 17);
       const int32_t r = s / p.size;
       BRSL_Ellipse(x, y, r, r, p.colour, BRSL_FILLED);
       for (int32_t i = 1; i < 6; i++) {
@@ -40,8 +40,8 @@ void DrawCircles(Stage &stage) {
     }
   )
   SHOW(
-    const int32_t x = w / 2 + int32_t(w * 5 / 13 * std::cos(5.6));
-    const int32_t y = h / 2 + int32_t(h * 5 / 17 * std::sin(5.6));
+    const int32_t x = w / 2 + int32_t(w * 5 * std::cos(5.6) / 13);
+    const int32_t y = h / 2 + int32_t(h * 5 * std::sin(5.6) / 17);
     for (int32_t i = 0; i < s / 40; i++) {
       BRSL_OpenEllipseFX(x, y, s / 12 + i, s / 50 + i / 3, 0x403828, DRAW_ADD, 0);
     }

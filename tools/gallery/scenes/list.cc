@@ -19,6 +19,77 @@ constexpr Variant kModes[] = {
     {"revsub", "DRAW_REVSUB", DRAW_REVSUB},
 };
 
+constexpr Variant kSourceFormats[] = {
+    {"from-565", "from 5:6:5", BRSL_FORMAT_565}, {"from-555", "from 5:5:5", BRSL_FORMAT_555},
+    {"from-rgb", "from RGB", BRSL_FORMAT_RGB},   {"from-x32", "from XRGB", BRSL_FORMAT_X32},
+    {"from-a32", "from ARGB", BRSL_FORMAT_A32},
+};
+
+constexpr int32_t kBlend = 1 << 16;
+
+constexpr Variant kEffectBlits[] = {
+    {"copy", "0: a plain blit", 0},
+    {"fill", "1: copy, and fill the source", 1},
+    {"half", "32: copy, and halve the source with c", 32},
+    {"add", "64: add c to both", 64},
+    {"sub", "128: subtract c from both", 128},
+    {"mult", "8192: multiply by c", 8192},
+    {"fade", "16384: copy, and multiply the source by c", 16384},
+    {"blend-half", "32: half source, half blend source", kBlend + 32},
+    {"blend-add", "64: add the blend source", kBlend + 64},
+    {"blend-sub", "128: subtract the blend source", kBlend + 128},
+    {"blend-mult", "8192: multiply by the blend source", kBlend + 8192},
+    {"blend-light", "1024: multiply by the blend source", kBlend + 1024},
+};
+
+constexpr Variant kSprites[] = {
+    {"nearest", "nearest texel, one quad", 0},
+    {"filtered", "filtered, one quad", 1},
+    {"nearest-split", "nearest texel, two triangles", 2},
+    {"filtered-split", "filtered, two triangles", 3},
+};
+
+constexpr Variant kTexelEffects[] = {
+    {"none", "no effect", 0},
+    {"1", "1: multiply by a = 60A0FF", 1},
+    {"2", "2: add a = 3060A0", 2},
+    {"3", "3: subtract a = A04000", 3},
+    {"4", "4: blend towards a = 3080FF, b = 90", 4},
+    {"5", "5: average with four corner colours", 5},
+    {"6", "6: add four corner colours", 6},
+    {"7", "7: multiply by four corner colours", 7},
+    {"10", "10: fill with a = 203040", 10},
+    {"11", "11: and with a = 80C080", 11},
+    {"12", "12: or with a = 0040C0", 12},
+    {"15", "15: replace the wing's colour by c = 3878E0", 15},
+};
+
+constexpr Variant kOutputEffects[] = {
+    {"1", "1: plain", 1}, {"2", "2: level 110", 2},   {"3", "3: half", 3},
+    {"4", "4: add", 4},   {"5", "5: subtract", 5},
+};
+
+constexpr Variant kFilters[] = {
+    {"none", "the photograph", 0},
+    {"blur", "blurred six times, divisor 9", 1},
+    {"blur-bright", "blurred, divisor 6", 2},
+    {"fade", "faded to 45 percent", 3},
+    {"brighten", "faded to 180 percent", 4},
+    {"grey", "grey scale", 5},
+    {"light", "light, intensity 300", 6},
+    {"phong", "a phong map of an orange light", 7},
+    {"mirror-h", "mirrored left to right", 8},
+    {"mirror-v", "mirrored top to bottom", 9},
+    {"mirror-hv", "turned by half a turn", 10},
+    {"prepare", "prepared with alpha, then blurred", 11},
+};
+
+constexpr Variant kScaling[] = {
+    {"nearest", "0: nearest pixel", 0},
+    {"texture", "1: filtered as a texture", 1},
+    {"surface", "1111: filtered through the viewport", 1111},
+};
+
 constexpr Scene kScenes[] = {
     {"gouraud", "Gouraud polygons",
      "Colours run across triangles and quads: a lit ball made of small quads, a colour wheel of "
@@ -51,6 +122,56 @@ constexpr Scene kScenes[] = {
      "small steps of a glow fall below what five bits can hold, and a patch of the photograph is "
      "enlarged.",
      DrawFormats},
+    {"surfaces", "Surfaces",
+     "Pixels peeked and poked through a descriptor: a fractal over the darkened photograph, clipped "
+     "to the descriptor's viewport, and below the brightness along the red row. The lamp's rays go "
+     "as far as the floor has one colour.",
+     DrawSurfaces},
+    {"blit-formats", "Blits between formats",
+     "One picture in all five formats, copied into a target of each. Bits dropped on the way show as "
+     "steps. ARGB targets take ARGB pictures only.",
+     DrawBlitFormats, kSourceFormats, BRSL_FORMAT_X32},
+    {"keyed-blits", "Blits with a mask colour",
+     "Balloons on a ground of one colour that stays away, and one blitted whole, ground and all.",
+     DrawKeyedBlits},
+    {"alpha-blits", "Blits with alpha",
+     "Soap bubbles with an alpha channel, blended into every format but ARGB, where the pixels that "
+     "are not the mask colour are copied.",
+     DrawAlphaBlits, {}, BRSL_FORMAT_X32},
+    {"effect-blits", "Effect blits",
+     "Left a map of a planet blitted with an effect, c an orange and the blend source a spot of "
+     "light; right what the source is afterwards. RGB sources can be multiplied only, ARGB ones "
+     "multiplied and faded.",
+     DrawEffectBlits, kEffectBlits, BRSL_FORMAT_X32},
+    {"strips", "Gouraud and texture strips",
+     "A hall of lines one pixel wide: texture rows for the floor, texture columns for the walls, "
+     "shaded columns for the ceiling, shaded rows for the pillars.",
+     DrawStrips},
+    {"filters", "Rectangle filters",
+     "Filters change a surface in its viewport, here all but the margins of the photograph. A "
+     "balloon of 5:6:5 is prepared with alpha, which the blur then softens with the colours.",
+     DrawFilters, kFilters, BRSL_FORMAT_X32},
+    {"scaling", "Scaling",
+     "A butterfly of 32 pixels a side enlarged, a map of 288 by 432 pixels reduced.", DrawScaling,
+     kScaling},
+    {"map-blocks", "Map blocks",
+     "A map copied tile by tile. Copying a block tells whether it has transparent pixels; those "
+     "with some are laid on grass.",
+     DrawMapBlocks},
+    {"textured-polygons", "Textured polygons",
+     "A map on a globe of quads and on a fan of triangles, beside them the map itself; crates with "
+     "tinted sides.",
+     DrawTexturedPolygons},
+    {"sprites", "Sprites",
+     "A sheet of eight frames, turned through 32 angles and enlarged.", DrawSprites, kSprites},
+    {"texel-effects", "Texel effects", "What a pipeline can do to texels before they are drawn.",
+     DrawTexelEffects, kTexelEffects},
+    {"output-effects", "Output effects", "How the texels meet the target.", DrawOutputEffects,
+     kOutputEffects},
+    {"lit-textures", "Lit textures",
+     "Gouraud colours at the corners light a wall and colour butterflies: multiplied, averaged and "
+     "added.",
+     DrawLitTextures},
 };
 
 }  // namespace

@@ -13,5 +13,19 @@ void DrawFlatPolygons(Stage &stage);
 void DrawGouraudPolygons(Stage &stage);
 void DrawModes(Stage &stage);
 void DrawFormats(Stage &stage);
+void DrawSurfaces(Stage &stage);
+void DrawBlitFormats(Stage &stage);
+void DrawKeyedBlits(Stage &stage);
+void DrawAlphaBlits(Stage &stage);
+void DrawEffectBlits(Stage &stage);
+void DrawStrips(Stage &stage);
+void DrawTexturedPolygons(Stage &stage);
+void DrawSprites(Stage &stage);
+void DrawTexelEffects(Stage &stage);
+void DrawOutputEffects(Stage &stage);
+void DrawLitTextures(Stage &stage);
+void DrawFilters(Stage &stage);
+void DrawScaling(Stage &stage);
+void DrawMapBlocks(Stage &stage);
 
 }  // namespace brisal::tools
