@@ -3,6 +3,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "support/cases.h"
@@ -61,6 +62,67 @@ TEST(Fences, NothingBeforeOrAfterARowIsTouched) {
   }
 }
 
+// Every pair of formats, and every effect, from and into rows that end where memory ends.
+TEST(Fences, BlitsKeepToTheirRows) {
+  FencedPage source, blend, target;
+  const auto row = [](const FencedPage &page, bool last, int32_t bytes) {
+    return last ? page.End() - bytes : page.Begin();
+  };
+  for (int32_t state : SwitchStates()) {
+    BRSL_SetMMXState(state);
+    for (int32_t pair = 0; pair < 25; pair++) {
+      const int32_t from = 1 + pair / 5, to = 1 + pair % 5;
+      for (int32_t length = 1; length <= kLongest; length++) {
+        const int32_t bytes = length * kFormatBytes[from], out = length * kFormatBytes[to];
+        for (int ends = 0; ends < 4; ends++) {
+          BRSL_SetSrcBuffer(row(source, ends & 1, bytes), bytes, from);
+          BRSL_SetSrcBlendBuffer(row(blend, ends & 1, bytes), bytes, from);
+          BRSL_SetBuffer(row(target, ends & 2, out), out, to);
+          BRSL_SetBufferViewPort(0, 0, length, 1);
+          BRSL_Blit(0, 0, length, 1, 0, 0, 0x204060, ends & 1);
+          BRSL_Blit(0, 0, length, 1, 0, 0, 0x204060, !(ends & 1));
+          for (uint32_t mode : {1, 32, 64, 128, 1024, 8192, 16384}) {
+            BRSL_BlitFX(0, 0, length, 1, 0, 0, 0, 0, mode, 0x8090A0, 0, 0);
+            BRSL_BlitFX(0, 0, length, 1, 0, 0, 0, 0, mode, 0x8090A0, 1, 0);
+          }
+        }
+      }
+    }
+  }
+}
+
+// Textures of one row and of one column, point-sampled and filtered.
+TEST(Fences, TexturesKeepToTheirTexels) {
+  FencedPage texels, target;
+  TPD_Pipeline *pipeline = TPD_Alloc();
+  for (int32_t state : SwitchStates()) {
+    BRSL_SetMMXState(state);
+    for (int32_t pair = 0; pair < 25; pair++) {
+      const int32_t from = 1 + pair / 5, to = 1 + pair % 5, size = kFormatBytes[from];
+      for (int32_t length = 1; length <= kLongest; length++) {
+        const int32_t out = length * kFormatBytes[to];
+        BRSL_SetBuffer(length % 2 ? target.Begin() : target.End() - out, out, to);
+        BRSL_SetBufferViewPort(0, 0, length, 1);
+        for (int variant = 0; variant < 8; variant++) {
+          const int32_t width = variant & 1 ? 1 : length, height = variant & 1 ? length : 1;
+          uint8_t *first = variant & 2 ? texels.Begin() : texels.End() - length * size;
+          BRSL_SurfaceDesc *desc = BRSL_AllocSurfaceDesc(from, first, width * size, width, height);
+          TPD_UpdateSpriteDrawMode(pipeline, variant & 4 ? 0x80000001 : 1, ~0u, 0, 0);
+          TPD_SetMaskCompression(pipeline, length / 2 % 2);
+          TPD_SetOutputEffect(pipeline, 1 + length % 5, 0, 100);
+          const int32_t u = width - 1, v = height - 1;
+          BRSL_DrawTexture(desc, 0, 0, pipeline);
+          BRSL_DrawSpriteQuad(desc, 0, 0, 0, 0, length, 0, u, v, length, 1, u, v, 0, 1, 0, 0,
+                              pipeline, 0);
+          BRSL_HoriTextureStrip(desc, 0, 0, 0, length, u * 65536, v * 65536, 0);
+          BRSL_FreeSurfaceDesc(desc);
+        }
+      }
+    }
+  }
+  TPD_Free(pipeline);
+}
+
 TEST(Fences, MemoryFunctionsKeepToTheirBytes) {
   FencedPage source, target;
   for (int32_t bytes = 1; bytes <= 300; bytes++) {
@@ -101,6 +163,13 @@ void *realloc(void *block, size_t size) {
 }
 }
 
+// Each blur takes one block for its copy of the picture.
+static int Blurs(const Case &c) {
+  const Function *blur = FunctionNamed("BRSL_FillRect_Blur");
+  return static_cast<int>(std::count_if(c.calls.begin(), c.calls.end(),
+                                        [&](const Call &call) { return call.function == blur; }));
+}
+
 TEST(Allocation, OnlyWhileTheViewportGrows) {
   counting = true;
   void *volatile block = std::malloc(1);
@@ -111,13 +180,13 @@ TEST(Allocation, OnlyWhileTheViewportGrows) {
       for (uint64_t seed = 0; seed < 300; seed++) {
         counting = false;
         const Case c = RandomCase(static_cast<Family>(family), seed);
-        Picture picture(c.layout);
+        Scene scene(c.layout, Painter::kLibrary);
         allocations = 0;
         counting = round == 1;
-        Target(picture);
-        for (const Call &call : c.calls) call.function->library(picture, call.args);
+        scene.UseInLibrary();
+        for (const Call &call : c.calls) call.function->library(scene, call.args);
         counting = false;
-        ASSERT_EQ(allocations, 0) << Describe(c);
+        ASSERT_LE(allocations, Blurs(c)) << Describe(c);
       }
     }
   }

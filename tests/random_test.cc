@@ -19,13 +19,15 @@ class RandomCalls : public testing::TestWithParam<int> {
 
 TEST_P(RandomCalls, EqualTheReference) {
   const int count = Scaled(25000);
-  for (int32_t state : SwitchStates()) {
-    BRSL_SetMMXState(state);
-    for (uint64_t seed = kFirstSeed; seed < kFirstSeed + count; seed++) {
-      const Case c = RandomCase(family(), seed);
-      std::vector<uint32_t> results, expectedResults;
-      Picture expected = DrawWithReference(c, expectedResults);
-      Picture actual = DrawWithLibrary(c, results);
+  const std::vector<int32_t> states = SwitchStates();
+  for (uint64_t seed = kFirstSeed; seed < kFirstSeed + count; seed++) {
+    const Case c = RandomCase(family(), seed);
+    std::vector<uint32_t> expectedResults;
+    Scene expected = DrawWithReference(c, expectedResults);
+    for (int32_t state : states) {
+      BRSL_SetMMXState(state);
+      std::vector<uint32_t> results;
+      Scene actual = DrawWithLibrary(c, results);
       ASSERT_EQ(Difference(actual, expected), "")
           << "seed " << seed << ", switch " << state << ", " << Describe(c);
       ASSERT_EQ(results, expectedResults)

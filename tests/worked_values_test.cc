@@ -2,19 +2,10 @@
 // the reference are held to the same table.
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "brisal/brisal.h"
 #include "support/cases.h"
 
 namespace {
-
-const Function *Named(const char *name) {
-  for (const Function &function : Functions()) {
-    if (!std::strcmp(function.name, name)) return &function;
-  }
-  return nullptr;
-}
 
 // A call on a picture of one value; every pixel that it should draw is named by rows of text.
 struct Shape {
@@ -84,20 +75,19 @@ TEST(WorkedValues, Shapes) {
     layout.pitch = 4 * layout.width;
     layout.viewport = shape.viewport;
     for (bool library : {true, false}) {
-      Picture picture(layout);
+      Scene scene({.target = layout}, Painter::kLibrary);
+      Picture &picture = scene.target;
       std::fill(picture.Bytes().begin(), picture.Bytes().end(), uint8_t{0});
-      Target(picture);
-      reference::Reference reference = ReferenceFor(picture);
-      const Function *function = Named(shape.name);
-      if (library) function->library(picture, shape.args);
-      if (!library) function->reference(reference, shape.args);
+      scene.UseInLibrary();
+      const Function *function = FunctionNamed(shape.name);
+      (library ? function->library : function->reference)(scene, shape.args);
       for (int32_t y = 0; y < static_cast<int32_t>(shape.rows.size()); y++) {
         std::string row;
         for (int32_t x = 0; x < layout.width; x++) row += picture.ColourAt(x, y) ? '#' : '.';
         std::string expected = shape.rows[y];
         expected.resize(layout.width, '.');
         EXPECT_EQ(row, expected) << (library ? "library, " : "reference, ") << "row " << y << " of "
-                                 << Describe({layout, {{function, shape.args}}});
+                                 << Describe({{.target = layout}, {{function, shape.args}}});
       }
     }
   }
@@ -155,7 +145,7 @@ const Value kValues[] = {
 
 TEST(WorkedValues, Pixels) {
   for (const Value &value : kValues) {
-    const Function *function = Named(value.name);
+    const Function *function = FunctionNamed(value.name);
     Args args{};
     std::copy(value.args.begin(), value.args.end(), args.begin());
     Layout layout;
@@ -165,16 +155,15 @@ TEST(WorkedValues, Pixels) {
     layout.viewport = {0, 0, layout.width, 1};
     layout.inkAlpha = value.inkAlpha;
     for (bool library : {true, false}) {
-      Picture picture(layout), expected(layout);
-      reference::Reference before = ReferenceFor(picture), after = ReferenceFor(expected);
-      before.DrawStrip(0, 0, layout.width, value.before, DRAW_SOLID);
-      Target(picture);
-      if (library) function->library(picture, args);
-      if (!library) function->reference(before, args);
-      expected.Bytes() = picture.Bytes();
-      after.DrawPixel(value.x, 0, value.after, DRAW_SOLID);
-      EXPECT_EQ(Difference(picture, expected), "")
-          << (library ? "library, " : "reference, ") << Describe({layout, {{function, args}}});
+      Scene scene({.target = layout}, Painter::kLibrary);
+      scene.reference.DrawStrip(0, 0, layout.width, value.before, DRAW_SOLID);
+      scene.UseInLibrary();
+      (library ? function->library : function->reference)(scene, args);
+      Picture expected = scene.target;
+      ReferenceFor(expected).DrawPixel(value.x, 0, value.after, DRAW_SOLID);
+      EXPECT_EQ(Difference(scene.target, expected), "")
+          << (library ? "library, " : "reference, ")
+          << Describe({{.target = layout}, {{function, args}}});
     }
   }
 }

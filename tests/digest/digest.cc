@@ -11,9 +11,11 @@ uint64_t Fold(uint64_t hash, uint64_t value) { return (hash ^ value) * 0x1000000
 
 uint64_t OfCase(Family family, uint64_t number, Drawer draw) {
   std::vector<uint32_t> results;
-  const Picture picture = draw(RandomCase(family, number), results);
+  const Scene scene = draw(RandomCase(family, number), results);
   uint64_t hash = 0xCBF29CE484222325;
-  for (uint8_t byte : picture.Bytes()) hash = Fold(hash, byte);
+  for (const Picture *picture : {&scene.target, &scene.source, &scene.blendSource}) {
+    for (uint8_t byte : picture->Bytes()) hash = Fold(hash, byte);
+  }
   for (uint32_t result : results) hash = Fold(hash, result);
   return hash;
 }

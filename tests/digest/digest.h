@@ -7,9 +7,9 @@ namespace digest {
 
 inline constexpr uint64_t kCases = 3000;
 
-using Drawer = Picture (*)(const Case &, std::vector<uint32_t> &results);
+using Drawer = Scene (*)(const Case &, std::vector<uint32_t> &results);
 
-// Of one case: the whole allocation and every result.
+// Of one case: the pictures' whole allocations and every result.
 uint64_t OfCase(Family family, uint64_t number, Drawer draw);
 
 uint64_t OfFamily(Family family, Drawer draw);

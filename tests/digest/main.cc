@@ -64,13 +64,13 @@ void WritePicture(const char *file, Picture &picture) {
 int ShowCase(Family family, uint64_t number, const char *file) {
   const Case c = RandomCase(family, number);
   std::vector<uint32_t> results;
-  Picture picture = DrawWithLibrary(c, results);
-  Picture expected = DrawWithReference(c, results);
-  const std::string difference = Difference(picture, expected);
+  Scene scene = DrawWithLibrary(c, results);
+  Scene expected = DrawWithReference(c, results);
+  const std::string difference = Difference(scene, expected);
   std::printf("%s\nchecksum %016llx, %s\n", Describe(c).c_str(),
               static_cast<unsigned long long>(digest::OfCase(family, number, DrawWithLibrary)),
               difference.empty() ? "as the reference draws it" : difference.c_str());
-  if (file) WritePicture(file, picture);
+  if (file) WritePicture(file, scene.target);
   return difference.empty() ? 0 : 1;
 }
 

@@ -35,11 +35,9 @@ int CombineChannel(int32_t format, int width, int d, int s, int32_t mode, int in
   }
 }
 
-// A stored pixel as a colour, read as the given format.
-uint32_t Widen(const uint8_t *p, int32_t format) {
+uint32_t LoadAs(int32_t format, const uint8_t *p) {
   const uint32_t word = p[0] | p[1] << 8;
-  if (format == 1) return (word & 0xF800) << 8 | (word & 0x7E0) << 5 | (word & 0x1F) << 3;
-  if (format == 2) return (word & 0x7C00) << 9 | (word & 0x3E0) << 6 | (word & 0x1F) << 3;
+  if (format <= 2) return word;
   if (format == 3) return p[0] << 16 | p[1] << 8 | p[2];
   return word | p[2] << 16 | static_cast<uint32_t>(p[3]) << 24;
 }
@@ -69,7 +67,7 @@ int32_t ShapeMode(int32_t flags) { return flags & 0xFFF0 ? flags & 0xFFF0 : DRAW
 
 int64_t Channel(uint32_t colour, int index) { return colour >> 8 * index & 255; }
 
-uint32_t Reference::Pack(uint32_t colour) const {
+uint32_t PackFor(int32_t format, uint32_t colour) {
   const uint32_t r = colour >> 16 & 255, g = colour >> 8 & 255, b = colour & 255;
   if (format == 1) return (r >> 3) << 11 | (g >> 2) << 5 | b >> 3;
   if (format == 2) return (r >> 3) << 10 | (g >> 3) << 5 | b >> 3;
@@ -77,22 +75,23 @@ uint32_t Reference::Pack(uint32_t colour) const {
   return colour;
 }
 
-bool Reference::Inside(int64_t x, int64_t y) const {
-  return x >= viewport.left && x < viewport.right && y >= viewport.top && y < viewport.bottom;
+uint32_t Widened(int32_t format, uint32_t stored) {
+  if (format == 1) return (stored & 0xF800) << 8 | (stored & 0x7E0) << 5 | (stored & 0x1F) << 3;
+  if (format == 2) return (stored & 0x7C00) << 9 | (stored & 0x3E0) << 6 | (stored & 0x1F) << 3;
+  return stored;
 }
 
-uint8_t *Reference::PixelAt(int64_t x, int64_t y) const {
+int BytesPerPixel(int32_t format) { return format >= 1 && format <= 5 ? kBytes[format] : 0; }
+
+uint32_t Reference::Pack(uint32_t colour) const { return PackFor(format, colour); }
+
+uint8_t *Buffer::PixelAt(int64_t x, int64_t y) const {
   return address + y * pitch + x * kBytes[format];
 }
 
-// Format 3 counts as 0x00RRGGBB here, whatever the order of its bytes.
-uint32_t Reference::Load(int64_t x, int64_t y) const {
-  const uint8_t *p = PixelAt(x, y);
-  if (format <= 2) return p[0] | p[1] << 8;
-  return Widen(p, format);
-}
+uint32_t Buffer::Load(int64_t x, int64_t y) const { return LoadAs(format, PixelAt(x, y)); }
 
-void Reference::Store(int64_t x, int64_t y, uint32_t packed) {
+void Buffer::Store(int64_t x, int64_t y, uint32_t packed) const {
   uint8_t *p = PixelAt(x, y);
   for (int i = 0; i < kBytes[format]; i++) {
     const int byte = format == 3 ? 2 - i : i;
@@ -119,20 +118,20 @@ void Reference::FastDot(int32_t x, int32_t y, uint32_t colour, int32_t mode) {
 
 uint32_t Reference::Point(int32_t x, int32_t y) {
   if (!FormatKnown() || !Inside(x, y)) return 0;
-  return Widen(PixelAt(x, y), format);
+  return Widened(format, Load(x, y));
 }
 
 uint32_t Reference::FastPoint(int32_t x, int32_t y) {
   const int32_t readAs = format == 1 ? 1 : format < 3 ? 2 : format == 3 ? 3 : 4;
   const int64_t bytes = readAs < 3 ? 2 : readAs;
-  return Widen(address + int64_t{y} * pitch + x * bytes, readAs);
+  return Widened(readAs, LoadAs(readAs, address + int64_t{y} * pitch + x * bytes));
 }
 
 uint32_t Reference::FastPointJt(int32_t x, int32_t y) {
   if (format < 0 || format > 6) return 0;
   const int32_t readAs = format == 0 ? 1 : std::min(format, 4);
   const int64_t bytes = readAs < 3 ? 2 : readAs;
-  return Widen(address + int64_t{y} * pitch + x * bytes, readAs);
+  return Widened(readAs, LoadAs(readAs, address + int64_t{y} * pitch + x * bytes));
 }
 
 }  // namespace reference

@@ -1,26 +1,29 @@
 #include <algorithm>
+#include <utility>
 
-#include "brisal/brisal.h"
 #include "reference/reference.h"
 
 namespace reference {
 
-// One side of a polygon on its way down: the vertex it runs towards, and x and the colour channels
-// in 16.16 with what they gain each row.
+// What runs along the edges of a polygon, in 16.16: blue, green, red, u, v.
+using Values = std::array<int64_t, 5>;
+
+// One side of a polygon on its way down: the vertex it runs towards, and x and the values in 16.16
+// with what they gain each row.
 struct Chain {
   int vertex = 0;
   int direction = 1;
   int64_t x = 0, xStep = 0;
-  int64_t channel[3] = {}, channelStep[3] = {};
+  Values values = {}, steps = {};
 
   void Advance(int64_t rows) {
     x += rows * xStep;
-    for (int c = 0; c < 3; c++) channel[c] += rows * channelStep[c];
+    for (int i = 0; i < 5; i++) values[i] += rows * steps[i];
   }
 
   uint32_t Colour() const {
     uint32_t colour = 0;
-    for (int c = 0; c < 3; c++) colour |= static_cast<uint32_t>(channel[c] >> 16 & 255) << 8 * c;
+    for (int c = 0; c < 3; c++) colour |= static_cast<uint32_t>(values[c] >> 16 & 255) << 8 * c;
     return colour;
   }
 };
@@ -28,6 +31,9 @@ struct Chain {
 namespace {
 
 using Vertices = std::array<Vertex, 8>;
+
+constexpr auto kByX = [](const Vertex &a, const Vertex &b) { return a.x < b.x; };
+constexpr auto kByY = [](const Vertex &a, const Vertex &b) { return a.y < b.y; };
 
 int Neighbour(int i, int direction, int count) { return (i + direction + count) % count; }
 
@@ -54,14 +60,17 @@ bool TurnsClockwise(const Vertex &a, const Vertex &b, const Vertex &c) {
   return high > 0 || (high == 0 && (rest & 0xFFFF) != 0);
 }
 
-Chain StartChain(const Vertices &v, int vertex, int direction) {
-  Chain chain{.vertex = vertex, .direction = direction};
-  for (int c = 0; c < 3; c++) chain.channel[c] = Channel(v[vertex].colour, c) * 65536;
-  return chain;
+// Sprites run from texel centre to texel centre.
+Values ValuesAt(const Vertex &v, bool sprite) {
+  Values values;
+  for (int c = 0; c < 3; c++) values[c] = Channel(v.colour, c) * 65536;
+  values[3] = v.u * int64_t{65536} + (sprite ? 0x8000 : 0);
+  values[4] = v.v * int64_t{65536} + (sprite ? 0x8000 : 0);
+  return values;
 }
 
 // Sends a chain that stands on a vertex of this row to its next one; false where that lies above.
-bool StartEdge(const Vertices &v, Chain &chain, int64_t row, int count) {
+bool StartEdge(const Vertices &v, Chain &chain, int64_t row, int count, bool sprite) {
   if (v[chain.vertex].y != row) return true;
   chain.x = v[chain.vertex].x * int64_t{65536};
   chain.vertex = NextOffRow(v, chain.vertex, row, chain.direction, count);
@@ -69,9 +78,8 @@ bool StartEdge(const Vertices &v, Chain &chain, int64_t row, int count) {
   if (next.y < row) return false;
   const int64_t height = std::max<int64_t>(next.y - row, 1);
   chain.xStep = (next.x * int64_t{65536} - chain.x) / height;
-  for (int c = 0; c < 3; c++) {
-    chain.channelStep[c] = (Channel(next.colour, c) * 65536 - chain.channel[c]) / height;
-  }
+  const Values target = ValuesAt(next, sprite);
+  for (int i = 0; i < 5; i++) chain.steps[i] = (target[i] - chain.values[i]) / height;
   return true;
 }
 
@@ -79,29 +87,37 @@ int64_t ToPixel(int64_t x, bool clip) { return clip ? x / 65536 : x >> 16; }
 
 }  // namespace
 
+bool Reference::ReachesViewport(int count) const {
+  if (count < 2 || count > 8) return false;
+  const auto first = vertices_.begin(), last = first + count;
+  const auto [leftmost, rightmost] = std::minmax_element(first, last, kByX);
+  const auto [topmost, lowest] = std::minmax_element(first, last, kByY);
+  return lowest->y >= viewport.top && topmost->y < viewport.bottom &&
+         leftmost->x < viewport.right && rightmost->x >= viewport.left;
+}
+
 template <class Row>
-void Reference::WalkPolygon(int count, Row row) const {
-  if (count < 2 || count > 8) return;
+void Reference::WalkPolygon(int count, bool sprite, Row row) const {
+  if (!ReachesViewport(count)) return;
   const Vertices &v = vertices_;
-  const auto byX = [](const Vertex &a, const Vertex &b) { return a.x < b.x; };
-  const auto byY = [](const Vertex &a, const Vertex &b) { return a.y < b.y; };
-  const auto [leftmost, rightmost] = std::minmax_element(v.begin(), v.begin() + count, byX);
-  const auto [topmost, lowest] = std::minmax_element(v.begin(), v.begin() + count, byY);
-  if (lowest->y < viewport.top || topmost->y >= viewport.bottom) return;
-  if (leftmost->x >= viewport.right || rightmost->x < viewport.left) return;
+  const auto [leftmost, rightmost] = std::minmax_element(v.begin(), v.begin() + count, kByX);
+  const auto topmost = std::min_element(v.begin(), v.begin() + count, kByY);
   const bool clip = leftmost->x < viewport.left || rightmost->x >= viewport.right;
 
   const int top = static_cast<int>(topmost - v.begin());
   int leftStart = EndOfFlatRun(v, top, -1, count), rightStart = EndOfFlatRun(v, top, 1, count);
   if (v[leftStart].x > v[rightStart].x) std::swap(leftStart, rightStart);
   const int leftDirection = TurnsClockwise(v[0], v[1], v[2]) ? -1 : 1;
-  Chain left = StartChain(v, leftStart, leftDirection);
-  Chain right = StartChain(v, rightStart, -leftDirection);
+  Chain left{.vertex = leftStart, .direction = leftDirection};
+  Chain right{.vertex = rightStart, .direction = -leftDirection};
+  left.values = ValuesAt(v[leftStart], sprite);
+  right.values = ValuesAt(v[rightStart], sprite);
 
   int64_t y = topmost->y;
   for (int segment = 0; segment < count - 1 && y < viewport.bottom; segment++) {
-    if (!StartEdge(v, left, y, count) || !StartEdge(v, right, y, count)) return;
-    const int64_t end = std::min(v[left.vertex].y, v[right.vertex].y);
+    if (!StartEdge(v, left, y, count, sprite) || !StartEdge(v, right, y, count, sprite)) return;
+    const bool flatBottom = sprite && v[left.vertex].y == v[right.vertex].y && left.x != right.x;
+    const int64_t end = std::min<int64_t>(v[left.vertex].y, v[right.vertex].y) + flatBottom;
     for (; y < end && y < viewport.top; y = std::min<int64_t>(end, viewport.top)) {
       const int64_t skipped = std::min<int64_t>(end, viewport.top) - y;
       left.Advance(skipped);
@@ -112,7 +128,7 @@ void Reference::WalkPolygon(int count, Row row) const {
       left.Advance(1);
       right.Advance(1);
     }
-    if (left.vertex == right.vertex) return;
+    if (left.vertex == right.vertex || flatBottom) return;
   }
 }
 
@@ -122,62 +138,115 @@ void Reference::FlatRow(int64_t y, const Chain &left, const Chain &right, bool c
        std::min<int64_t>(ToPixel(right.x, clip), viewport.right), packed, mode);
 }
 
-void Reference::GouraudRow(int64_t y, const Chain &left, const Chain &right, bool clip,
-                           int32_t mode) {
-  int64_t from = ToPixel(left.x, clip), to = ToPixel(right.x, clip);
-  if (from >= viewport.right || to < viewport.left || from >= to) return;
+// The colours at the ends of a row that remain in the viewport.
+std::pair<uint32_t, uint32_t> Reference::RowColours(const Chain &left, const Chain &right,
+                                                    int64_t from, int64_t to) const {
   Chain first = left, last = right;
   for (int c = 0; c < 3; c++) {
-    const int64_t step = (right.channel[c] - left.channel[c]) / (to - from);
-    if (from < viewport.left) first.channel[c] += (viewport.left - from) * step;
-    if (to > viewport.right) last.channel[c] -= (to - viewport.right) * step;
+    const int64_t step = (right.values[c] - left.values[c]) / (to - from);
+    if (from < viewport.left) first.values[c] += (viewport.left - from) * step;
+    if (to > viewport.right) last.values[c] -= (to - viewport.right) * step;
   }
-  from = std::max<int64_t>(from, viewport.left);
-  to = std::min<int64_t>(to, viewport.right);
-  GouraudSpan(y, from, to, first.Colour(), last.Colour(), mode);
+  return {first.Colour(), last.Colour()};
+}
+
+void Reference::GouraudRow(int64_t y, const Chain &left, const Chain &right, bool clip,
+                           int32_t mode) {
+  const int64_t from = ToPixel(left.x, clip), to = ToPixel(right.x, clip);
+  if (from >= viewport.right || to < viewport.left || from >= to) return;
+  const auto [first, last] = RowColours(left, right, from, to);
+  GouraudSpan(y, std::max<int64_t>(from, viewport.left), std::min<int64_t>(to, viewport.right),
+              first, last, mode);
+}
+
+// The last pixel of a sprite's row shows the right end's texel, of other rows the one before it.
+void Reference::PolygonRow(const BRSL_SurfaceDesc &texture, const TPD_Pipeline &p, int64_t y,
+                           const Chain &left, const Chain &right, bool clip, bool sprite) {
+  const int64_t from = ToPixel(left.x, clip), to = ToPixel(right.x, clip);
+  const int64_t steps = sprite ? to - from - 1 : to - from;
+  if (from >= viewport.right || to < viewport.left || steps < 1) return;
+  const int64_t skipped = std::max<int64_t>(viewport.left - from, 0);
+  const int64_t du = (right.values[3] - left.values[3]) / steps;
+  const int64_t dv = (right.values[4] - left.values[4]) / steps;
+  const auto [first, last] = RowColours(left, right, from, to);
+  TexturedSpan(texture, p,
+               {y, from + skipped, std::min<int64_t>(to, viewport.right),
+                left.values[3] + skipped * du, left.values[4] + skipped * dv, du, dv, first, last});
+}
+
+void Reference::TexturedPolygon(const BRSL_SurfaceDesc *texture, int count, const TPD_Pipeline *p,
+                                bool sprite) {
+  if (!texture || !p) return;
+  if (texture->width < 1 || texture->height < 1 || !ReachesViewport(count)) return;
+  for (int i = 0; i < count; i++) {
+    vertices_[i].u = std::clamp(vertices_[i].u, 0, texture->width - 1);
+    vertices_[i].v = std::clamp(vertices_[i].v, 0, texture->height - 1);
+  }
+  WalkPolygon(count, sprite, [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
+    PolygonRow(*texture, *p, y, left, right, clip, sprite);
+  });
 }
 
 void Reference::DrawFlatPoly(int count, uint32_t colour, int32_t mode) {
-  WalkPolygon(count, [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
+  WalkPolygon(count, false, [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
     FlatRow(y, left, right, clip, Pack(colour), ShapeMode(mode));
   });
 }
 
 void Reference::DrawGouraudPoly(int32_t count, int32_t mode) {
-  WalkPolygon(count, [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
+  WalkPolygon(count, false, [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
     GouraudRow(y, left, right, clip, ShapeMode(mode));
   });
 }
 
+void Reference::SetVertex(int slot, int32_t x, int32_t y) {
+  vertices_[slot].x = x;
+  vertices_[slot].y = y;
+}
+
+void Reference::SetVertex(int slot, int32_t x, int32_t y, uint32_t colour) {
+  SetVertex(slot, x, y);
+  vertices_[slot].colour = colour;
+}
+
+void Reference::SetCorner(int slot, const Vertex &corner) {
+  SetVertex(slot, corner.x, corner.y);
+  vertices_[slot].u = corner.u;
+  vertices_[slot].v = corner.v;
+}
+
 void Reference::Tri(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t x2, int32_t y2,
                     uint32_t colour, int32_t mode) {
-  const int32_t points[3][2] = {{x0, y0}, {x1, y1}, {x2, y2}};
-  for (int i = 0; i < 3; i++) vertices_[i] = {points[i][0], points[i][1], vertices_[i].colour};
+  SetVertex(0, x0, y0);
+  SetVertex(1, x1, y1);
+  SetVertex(2, x2, y2);
   DrawFlatPoly(3, colour, mode);
 }
 
 void Reference::Quad(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t x2, int32_t y2,
                      int32_t x3, int32_t y3, uint32_t colour, int32_t mode) {
-  const int32_t points[4][2] = {{x0, y0}, {x1, y1}, {x2, y2}, {x3, y3}};
-  for (int i = 0; i < 4; i++) vertices_[i] = {points[i][0], points[i][1], vertices_[i].colour};
+  SetVertex(0, x0, y0);
+  SetVertex(1, x1, y1);
+  SetVertex(2, x2, y2);
+  SetVertex(3, x3, y3);
   DrawFlatPoly(4, colour, mode);
 }
 
 void Reference::TriG(int32_t x0, int32_t y0, uint32_t c0, int32_t x1, int32_t y1, uint32_t c1,
                      int32_t x2, int32_t y2, uint32_t c2, int32_t mode) {
-  vertices_[0] = {x0, y0, c0};
-  vertices_[1] = {x1, y1, c1};
-  vertices_[2] = {x2, y2, c2};
+  SetVertex(0, x0, y0, c0);
+  SetVertex(1, x1, y1, c1);
+  SetVertex(2, x2, y2, c2);
   DrawGouraudPoly(3, mode);
 }
 
 void Reference::QuadG(int32_t x0, int32_t y0, uint32_t c0, int32_t x1, int32_t y1, uint32_t c1,
                       int32_t x2, int32_t y2, uint32_t c2, int32_t x3, int32_t y3, uint32_t c3,
                       int32_t mode) {
-  vertices_[0] = {x0, y0, c0};
-  vertices_[1] = {x1, y1, c1};
-  vertices_[2] = {x2, y2, c2};
-  vertices_[3] = {x3, y3, c3};
+  SetVertex(0, x0, y0, c0);
+  SetVertex(1, x1, y1, c1);
+  SetVertex(2, x2, y2, c2);
+  SetVertex(3, x3, y3, c3);
   DrawGouraudPoly(4, mode);
 }
 

@@ -4,25 +4,51 @@
 
 #include <array>
 #include <cstdint>
+#include <utility>
+
+#include "brisal/brisal.h"
 
 namespace reference {
 
 struct Rect {
   int32_t left = 0, top = 0, right = 0, bottom = 0;
+
+  bool Holds(int64_t x, int64_t y) const {
+    return x >= left && x < right && y >= top && y < bottom;
+  }
+};
+
+// Pixels in memory. A pixel of format 3 counts as 0x00RRGGBB, whatever the order of its bytes.
+class Buffer {
+ public:
+  uint8_t *address = nullptr;
+  int32_t pitch = 0;
+  int32_t format = 0;
+
+  bool FormatKnown() const { return format >= 1 && format <= 5; }
+  uint8_t *PixelAt(int64_t x, int64_t y) const;
+  uint32_t Load(int64_t x, int64_t y) const;
+  void Store(int64_t x, int64_t y, uint32_t packed) const;
 };
 
 struct Vertex {
   int32_t x = 0, y = 0;
   uint32_t colour = 0;
+  int32_t u = 0, v = 0;
 };
 
 struct Chain;
 
-class Reference {
+// A row of a textured shape: left to right - 1, texel coordinates in 16.16.
+struct TexturedRow {
+  int64_t y, left, right;
+  int64_t u, v, du, dv;
+  uint32_t leftColour, rightColour;
+};
+
+class Reference : public Buffer {
  public:
-  uint8_t *address = nullptr;
-  int32_t pitch = 0;
-  int32_t format = 0;
+  Buffer source, blendSource;
   Rect viewport;
   int32_t inkAlpha = 255;
 
@@ -69,12 +95,38 @@ class Reference {
   void QuadSetGouraud(uint32_t c0, uint32_t c1, uint32_t c2, uint32_t c3);
   void DrawGouraudPoly(int32_t count, int32_t mode);
 
+  int32_t PixelRunLength(int32_t x, int32_t y, int32_t xStep, int32_t yStep, uint32_t colour);
+  int32_t ImageInViewPort(int32_t x, int32_t y, int32_t w, int32_t h) const;
+
+  void Blit(int32_t sx1, int32_t sy1, int32_t sx2, int32_t sy2, int32_t dx, int32_t dy,
+            uint32_t maskColour, uint32_t flags);
+  void BlitFx(int32_t sx1, int32_t sy1, int32_t sx2, int32_t sy2, int32_t dx, int32_t dy,
+              uint32_t blitFlags, uint32_t blitMaskColour, uint32_t fxMode, uint32_t fxColour,
+              uint32_t useBlendSource, int32_t reserved);
+
+  void HoriGouraudStrip(int32_t x1, uint32_t colour1, int32_t x2, uint32_t colour2, int32_t y);
+  void VertGouraudStrip(int32_t y1, uint32_t colour1, int32_t y2, uint32_t colour2, int32_t x);
+  void HoriTextureStrip(const BRSL_SurfaceDesc *texture, int32_t x1, int32_t uA, int32_t vA,
+                        int32_t x2, int32_t uB, int32_t vB, int32_t y);
+  void VertTextureStrip(const BRSL_SurfaceDesc *texture, int32_t y1, int32_t uA, int32_t vA,
+                        int32_t y2, int32_t uB, int32_t vB, int32_t x);
+
+  void DrawTexturedPoly(const BRSL_SurfaceDesc *texture, int32_t count, const TPD_Pipeline *p);
+  void DrawTexturedCorners(const BRSL_SurfaceDesc *texture, const Vertex *corners, int count,
+                           const TPD_Pipeline *p);
+  void DrawTexture(const BRSL_SurfaceDesc *texture, int32_t x, int32_t y, const TPD_Pipeline *p);
+
+  void DrawSpritePoly(const BRSL_SurfaceDesc *texture, int32_t count, const TPD_Pipeline *p);
+  void DrawSprite(const BRSL_SurfaceDesc *texture, const Vertex *corners, bool coloured,
+                  const TPD_Pipeline *p, int32_t split);
+
+  void MirrorRect(const int32_t (&rect)[4], int32_t horizontal, int32_t vertical);
+
+  // A row of texels through a pipeline, as every textured shape draws it.
+  void TexturedSpan(const BRSL_SurfaceDesc &texture, const TPD_Pipeline &p, const TexturedRow &row);
+
  private:
-  bool FormatKnown() const { return format >= 1 && format <= 5; }
-  bool Inside(int64_t x, int64_t y) const;
-  uint8_t *PixelAt(int64_t x, int64_t y) const;
-  uint32_t Load(int64_t x, int64_t y) const;
-  void Store(int64_t x, int64_t y, uint32_t packed);
+  bool Inside(int64_t x, int64_t y) const { return viewport.Holds(x, y); }
   void Plot(int64_t x, int64_t y, uint32_t packed, int32_t mode);
 
   void Span(int64_t y, int64_t left, int64_t right, uint32_t packed, int32_t mode);
@@ -92,11 +144,82 @@ class Reference {
   void FlatRow(int64_t y, const Chain &left, const Chain &right, bool clip, uint32_t packed,
                int32_t mode);
   void GouraudRow(int64_t y, const Chain &left, const Chain &right, bool clip, int32_t mode);
+  void SetVertex(int slot, int32_t x, int32_t y);
+  void SetVertex(int slot, int32_t x, int32_t y, uint32_t colour);
+  void SetCorner(int slot, const Vertex &corner);  // all but the colour
+  bool ReachesViewport(int count) const;
+  std::pair<uint32_t, uint32_t> RowColours(const Chain &left, const Chain &right, int64_t from,
+                                           int64_t to) const;
   template <class Row>
-  void WalkPolygon(int count, Row row) const;
+  void WalkPolygon(int count, bool sprite, Row row) const;
+
+  template <class Visit>
+  void VisitBlit(int32_t sx1, int32_t sy1, int32_t sx2, int32_t sy2, int32_t dx, int32_t dy,
+                 Visit visit);
+  uint32_t ConvertFromSource(uint32_t stored) const;
+  bool IsMasked(uint32_t stored, uint32_t maskColour) const;
+  void BlitByAlpha(int64_t x, int64_t y, uint32_t stored);
+  template <class Visit>
+  void VisitStrip(bool down, int64_t line, int64_t start, int64_t end, Visit visit);
+  void GouraudStrip(bool down, int64_t line, int64_t a, uint32_t colourA, int64_t b,
+                    uint32_t colourB);
+  void TextureStrip(bool down, const BRSL_SurfaceDesc *texture, int64_t line, int64_t a,
+                    const int32_t (&from)[2], int64_t b, const int32_t (&to)[2]);
+
+  void TexturedPolygon(const BRSL_SurfaceDesc *texture, int count, const TPD_Pipeline *p,
+                       bool sprite);
+  void PolygonRow(const BRSL_SurfaceDesc &texture, const TPD_Pipeline &p, int64_t y,
+                  const Chain &left, const Chain &right, bool clip, bool sprite);
+  void PlotTexel(const TPD_Pipeline &p, bool withAlpha, int64_t x, int64_t y, uint32_t texel);
+  void PlotTexelByAlpha(int64_t x, int64_t y, uint32_t texel);
 
   std::array<Vertex, 8> vertices_;
 };
+
+// A colour packed for a format, and a stored pixel widened to a colour.
+uint32_t PackFor(int32_t format, uint32_t colour);
+uint32_t Widened(int32_t format, uint32_t stored);
+
+int BytesPerPixel(int32_t format);  // 0 for a format outside 1-5
+
+// Surfaces and texel pipelines, in the interface's own records.
+Buffer BufferOf(const BRSL_SurfaceDesc &surface);
+BRSL_SurfaceDesc SurfaceDesc(int32_t format, void *address, int32_t pitch, int32_t width,
+                             int32_t height);
+void SetSurfaceDescVp(BRSL_SurfaceDesc *desc, int32_t x1, int32_t y1, int32_t x2, int32_t y2);
+void SetSurfaceDescMaskColour(BRSL_SurfaceDesc *desc, uint32_t colour);
+int32_t GetSurfaceDescType(const BRSL_SurfaceDesc *desc);
+uint32_t PeekSurface(const BRSL_SurfaceDesc *desc, int32_t x, int32_t y);
+void PokeSurface(BRSL_SurfaceDesc *desc, int32_t x, int32_t y, uint32_t colour);
+void PokeSurfaceNc(BRSL_SurfaceDesc *desc, int32_t x, int32_t y, uint32_t colour);
+void PeekPixelStrip(const BRSL_SurfaceDesc *desc, int32_t x1, int32_t x2, int32_t y, uint32_t *out);
+
+TPD_Pipeline Pipeline();
+int32_t AddTexelEffect(TPD_Pipeline *p, int32_t code, int32_t inputBuffer, int32_t outputBuffer,
+                       uint32_t a, uint32_t b, uint32_t c, uint32_t d);
+int32_t SetOutputEffect(TPD_Pipeline *p, int32_t code, int32_t argument, int32_t level);
+void SetMaskCompression(TPD_Pipeline *p, int32_t on);
+int32_t GetMaskCompression(const TPD_Pipeline *p);
+int32_t GetGouraudState(const TPD_Pipeline *p);
+int32_t UpdateSpriteDrawMode(TPD_Pipeline *p, uint32_t spriteMode, uint32_t tint, uint32_t colour,
+                             int32_t level);
+
+void PrepareFxSurface(const BRSL_SurfaceDesc *src, BRSL_SurfaceDesc *dst, int32_t mode);
+void Blur(BRSL_SurfaceDesc *desc, float divisor);
+void Fade(BRSL_SurfaceDesc *desc, int32_t percent);
+void GreyScale(BRSL_SurfaceDesc *desc);
+void Light(BRSL_SurfaceDesc *desc, int32_t cx, int32_t cy, float intensity, float falloff,
+           int32_t reserved);
+void PhongMap(BRSL_SurfaceDesc *desc, int32_t cx, int32_t cy, uint32_t colour, float intensity,
+              float falloff, int32_t reserved);
+void ScaleSurface(const BRSL_SurfaceDesc *src, BRSL_SurfaceDesc *dst, int32_t mode);
+int32_t MoveMapBlock(const BRSL_SurfaceDesc *src, int32_t x1, int32_t y1, int32_t x2, int32_t y2,
+                     BRSL_SurfaceDesc *dst, int32_t dx, int32_t dy, uint32_t *rowBuffer,
+                     uint32_t maskColour);
+
+// The texel at (u, v) of a texture, filtered; with mask compression, neighbours of the mask colour
+// count as 0.
+uint32_t FilteredTexel(const BRSL_SurfaceDesc &texture, int64_t u, int64_t v, bool compression);
 
 // The draw mode of a shape's flags.
 int32_t ShapeMode(int32_t flags);

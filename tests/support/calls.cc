@@ -1,5 +1,6 @@
 #include "support/calls.h"
 
+#include <bit>
 #include <cstring>
 #include <sstream>
 #include <type_traits>
@@ -21,38 +22,95 @@ uint32_t ResultOf(F call) {
   }
 }
 
-template <class R, class... P, size_t... I>
-uint32_t Spread(R (*f)(P...), const Args &a, std::index_sequence<I...>) {
-  return ResultOf([&] { return f(static_cast<P>(a[I])...); });
+// An argument as a function takes it.
+template <class P>
+P Pass(Scene &scene, int32_t value) {
+  if constexpr (std::is_pointer_v<P>) {
+    using Record = std::remove_const_t<std::remove_pointer_t<P>>;
+    if constexpr (std::is_same_v<Record, BRSL_SurfaceDesc>) return scene.SurfaceAt(value);
+    if constexpr (std::is_same_v<Record, TPD_Pipeline>) return value ? scene.Pipeline() : nullptr;
+    if constexpr (std::is_same_v<Record, uint32_t>) return value ? scene.row.data() : nullptr;
+  } else if constexpr (std::is_same_v<P, float>) {
+    return std::bit_cast<float>(value);
+  } else {
+    return static_cast<P>(value);
+  }
 }
 
 template <class R, class... P, size_t... I>
-uint32_t Spread(R (Reference::*f)(P...), Reference &r, const Args &a, std::index_sequence<I...>) {
-  return ResultOf([&] { return (r.*f)(static_cast<P>(a[I])...); });
+uint32_t Spread(R (*f)(P...), Scene &s, const Args &a, std::index_sequence<I...>) {
+  return ResultOf([&] { return f(Pass<P>(s, a[I])...); });
+}
+
+template <class F, class R, class... P, size_t... I>
+uint32_t SpreadMember(F f, R (*)(P...), Scene &s, const Args &a, std::index_sequence<I...>) {
+  return ResultOf([&] { return (s.reference.*f)(Pass<P>(s, a[I])...); });
 }
 
 template <class R, class... P>
-uint32_t Spread(R (*f)(P...), const Args &a) {
-  return Spread(f, a, std::index_sequence_for<P...>());
+uint32_t Spread(R (*f)(P...), Scene &s, const Args &a) {
+  return Spread(f, s, a, std::index_sequence_for<P...>());
 }
 
 template <class R, class... P>
-uint32_t Spread(R (Reference::*f)(P...), Reference &r, const Args &a) {
-  return Spread(f, r, a, std::index_sequence_for<P...>());
+uint32_t Spread(R (Reference::*f)(P...), Scene &s, const Args &a) {
+  return SpreadMember(f, static_cast<R (*)(P...)>(nullptr), s, a, std::index_sequence_for<P...>());
+}
+
+template <class R, class... P>
+uint32_t Spread(R (Reference::*f)(P...) const, Scene &s, const Args &a) {
+  return SpreadMember(f, static_cast<R (*)(P...)>(nullptr), s, a, std::index_sequence_for<P...>());
 }
 
 template <auto kLibrary, auto kReference>
 constexpr Function Drawing(const char *name, Family family, const char *kinds) {
-  return {name, family, kinds, [](Picture &, const Args &a) { return Spread(kLibrary, a); },
-          [](Reference &r, const Args &a) { return Spread(kReference, r, a); }};
+  return {name, family, kinds, [](Scene &s, const Args &a) { return Spread(kLibrary, s, a); },
+          [](Scene &s, const Args &a) { return Spread(kReference, s, a); }};
+}
+
+// The corners of a textured polygon, from the second argument on.
+template <int kCount, bool kColoured>
+std::array<reference::Vertex, kCount> CornersOf(const Args &a) {
+  std::array<reference::Vertex, kCount> corners;
+  for (int i = 0; i < kCount; i++) {
+    const int32_t *c = &a[1 + i * (kColoured ? 5 : 4)];
+    corners[i] = {c[0], c[1], kColoured ? static_cast<uint32_t>(c[4]) : 0, c[2], c[3]};
+  }
+  return corners;
+}
+
+template <auto kLibrary, int kCount>
+constexpr Function Corners(const char *name, const char *kinds) {
+  return {name, Family::kTextures, kinds,
+          [](Scene &s, const Args &a) { return Spread(kLibrary, s, a); },
+          [](Scene &s, const Args &a) {
+            s.reference.DrawTexturedCorners(s.SurfaceAt(a[0]), CornersOf<kCount, false>(a).data(),
+                                            kCount, a[1 + 4 * kCount] ? s.Pipeline() : nullptr);
+            return 0u;
+          }};
+}
+
+template <auto kLibrary, bool kColoured>
+constexpr Function Sprite(const char *name, const char *kinds) {
+  return {name, Family::kSprites, kinds,
+          [](Scene &s, const Args &a) { return Spread(kLibrary, s, a); },
+          [](Scene &s, const Args &a) {
+            const int32_t *rest = &a[kColoured ? 21 : 17];
+            s.reference.DrawSprite(s.SurfaceAt(a[0]), CornersOf<4, kColoured>(a).data(), kColoured,
+                                   rest[0] ? s.Pipeline() : nullptr, rest[1]);
+            return 0u;
+          }};
 }
 
 template <class Library, class Plain>
 Function Memory(const char *name, Library, Plain) {
-  return {
-      name, Family::kMemory, "......",
-      [](Picture &p, const Args &a) { return ResultOf([&] { return Library()(p.Address(), a); }); },
-      [](Reference &r, const Args &a) { return ResultOf([&] { return Plain()(r.address, a); }); }};
+  return {name, Family::kMemory, "......",
+          [](Scene &s, const Args &a) {
+            return ResultOf([&] { return Library()(s.target.Address(), a); });
+          },
+          [](Scene &s, const Args &a) {
+            return ResultOf([&] { return Plain()(s.target.Address(), a); });
+          }};
 }
 
 using enum Family;
@@ -93,6 +151,78 @@ const Function kFunctions[] = {
         "BRSL_QuadSetGouraud", kGouraudPolygons, "cccc"),
     Drawing<BRSL_DrawGouraudPoly, &Reference::DrawGouraudPoly>(
         "BRSL_DrawGouraudPoly", kGouraudPolygons, "nf"),
+    Drawing<BRSL_SetSurfaceDescVP, reference::SetSurfaceDescVp>(
+        "BRSL_SetSurfaceDescVP", kSurfaces, "Dlhlh"),
+    Drawing<BRSL_SetSurfaceDescMaskColour, reference::SetSurfaceDescMaskColour>(
+        "BRSL_SetSurfaceDescMaskColour", kSurfaces, "Tc"),
+    Drawing<BRSL_GetSurfaceDescType, reference::GetSurfaceDescType>(
+        "BRSL_GetSurfaceDescType", kSurfaces, "T"),
+    Drawing<BRSL_PeekSurface, reference::PeekSurface>("BRSL_PeekSurface", kSurfaces, "DXY"),
+    Drawing<BRSL_PokeSurface, reference::PokeSurface>("BRSL_PokeSurface", kSurfaces, "DXYc"),
+    Drawing<BRSL_PokeSurfaceNC, reference::PokeSurfaceNc>("BRSL_PokeSurfaceNC", kSurfaces, "Dpqc"),
+    Drawing<BRSL_PeekPixelStrip, reference::PeekPixelStrip>(
+        "BRSL_PeekPixelStrip", kSurfaces, "Dllqo"),
+    Drawing<BRSL_PixelRunLength, &Reference::PixelRunLength>(
+        "BRSL_PixelRunLength", kSurfaces, "xyggM"),
+    Drawing<BRSL_PixelRunLength, &Reference::PixelRunLength>(
+        "BRSL_PixelRunLength", kSurfaces, "ijggM"),
+    Drawing<BRSL_ImageInViewPort, &Reference::ImageInViewPort>(
+        "BRSL_ImageInViewPort", kSurfaces, "xyxy"),
+    Drawing<BRSL_HoriGouraudStrip, &Reference::HoriGouraudStrip>(
+        "BRSL_HoriGouraudStrip", kGradients, "xcxcy"),
+    Drawing<BRSL_VertGouraudStrip, &Reference::VertGouraudStrip>(
+        "BRSL_VertGouraudStrip", kGradients, "ycycx"),
+    Drawing<BRSL_HoriTextureStrip, &Reference::HoriTextureStrip>(
+        "BRSL_HoriTextureStrip", kGradients, "TxQQxQQy"),
+    Drawing<BRSL_VertTextureStrip, &Reference::VertTextureStrip>(
+        "BRSL_VertTextureStrip", kGradients, "TyQQyQQx"),
+    Drawing<BRSL_Blit, &Reference::Blit>("BRSL_Blit", kBlits, "AAAAxyMF"),
+    Drawing<BRSL_BlitFX, &Reference::BlitFx>("BRSL_BlitFX", kEffectBlits, "AAAAxyFMEcBw"),
+    Drawing<TPD_AddTexelEffect, reference::AddTexelEffect>(
+        "TPD_AddTexelEffect", kPipelines, "PaGGMcMw"),
+    Drawing<TPD_SetOutputEffect, reference::SetOutputEffect>(
+        "TPD_SetOutputEffect", kPipelines, "PowN"),
+    Drawing<TPD_SetMaskCompression, reference::SetMaskCompression>(
+        "TPD_SetMaskCompression", kPipelines, "PB"),
+    Drawing<TPD_GetMaskCompression, reference::GetMaskCompression>(
+        "TPD_GetMaskCompression", kPipelines, "P"),
+    Drawing<TPD_GetGouruaudState, reference::GetGouraudState>(
+        "TPD_GetGouruaudState", kPipelines, "P"),
+    Drawing<TPD_UpdateSpriteDrawMode, reference::UpdateSpriteDrawMode>(
+        "TPD_UpdateSpriteDrawMode", kPipelines, "PztcN"),
+    Corners<BRSL_TriT, 3>("BRSL_TriT", "TxyUVxyUVxyUVP"),
+    Corners<BRSL_QuadT, 4>("BRSL_QuadT", "TxyUVxyUVxyUVxyUVP"),
+    Drawing<BRSL_DrawTexturedPoly, &Reference::DrawTexturedPoly>(
+        "BRSL_DrawTexturedPoly", kTextures, "TnP"),
+    Drawing<BRSL_DrawTexture, &Reference::DrawTexture>("BRSL_DrawTexture", kTextures, "TxyP"),
+    Drawing<BRSL_DrawSpritePoly, &Reference::DrawSpritePoly>(
+        "BRSL_DrawSpritePoly", kSprites, "TnP"),
+    Sprite<BRSL_DrawSpriteQuad, false>("BRSL_DrawSpriteQuad", "TxyUVxyUVxyUVxyUVPs"),
+    Sprite<BRSL_DrawSpriteRGBQuad, true>("BRSL_DrawSpriteRGBQuad", "TxyUVcxyUVcxyUVcxyUVcPs"),
+    Drawing<BRSL_QuadSetGouraud, &Reference::QuadSetGouraud>(
+        "BRSL_QuadSetGouraud", kTextures, "cccc"),
+    Drawing<BRSL_PrepareFXSurface, reference::PrepareFxSurface>(
+        "BRSL_PrepareFXSurface", kFilters, "DDZ"),
+    Drawing<BRSL_FillRect_Blur, reference::Blur>("BRSL_FillRect_Blur", kFilters, "Dd"),
+    Drawing<BRSL_FillRect_Fade, reference::Fade>("BRSL_FillRect_Fade", kFilters, "DH"),
+    Drawing<BRSL_FillRect_GreyScale, reference::GreyScale>(
+        "BRSL_FillRect_GreyScale", kFilters, "D"),
+    Drawing<BRSL_FillRect_Light, reference::Light>("BRSL_FillRect_Light", kFilters, "DCCIOw"),
+    Drawing<BRSL_FillRect_PhongMap, reference::PhongMap>(
+        "BRSL_FillRect_PhongMap", kFilters, "DCCcIOw"),
+    {"BRSL_MirrorRect", kFilters, "xyxyBB",
+        [](Scene &, const Args &a) {
+          const int32_t rect[] = {a[0], a[1], a[2], a[3]};
+          BRSL_MirrorRect(rect, a[4], a[5]);
+          return 0u;
+        },
+        [](Scene &s, const Args &a) {
+          s.reference.MirrorRect({a[0], a[1], a[2], a[3]}, a[4], a[5]);
+          return 0u;
+        }},
+    Drawing<BRSL_ScaleSurface, reference::ScaleSurface>("BRSL_ScaleSurface", kScaling, "DDL"),
+    Drawing<BRSL_CopyRect_MoveMapBlk, reference::MoveMapBlock>(
+        "BRSL_CopyRect_MoveMapBlk", kScaling, "DlhlhDXYPM"),
     Memory("CopyMemory",
         [](uint8_t *p, const Args &a) { (CopyMemory)(p + a[kFrom], p + a[kTo], a[kCount] & 255); },
         [](uint8_t *p, const Args &a) {
@@ -133,29 +263,41 @@ const Function kFunctions[] = {
 
 std::span<const Function> Functions() { return kFunctions; }
 
-Picture DrawWithLibrary(const Case &c, std::vector<uint32_t> &results) {
-  Picture picture(c.layout);
-  Target(picture);
-  for (const Call &call : c.calls) results.push_back(call.function->library(picture, call.args));
-  return picture;
+const Function *FunctionNamed(const char *name) {
+  for (const Function &function : kFunctions) {
+    if (!std::strcmp(function.name, name)) return &function;
+  }
+  return nullptr;
 }
 
-Picture DrawWithReference(const Case &c, std::vector<uint32_t> &results) {
-  Picture picture(c.layout);
-  reference::Reference reference = ReferenceFor(picture);
-  for (const Call &call : c.calls) {
-    results.push_back(call.function->reference(reference, call.args));
-  }
-  return picture;
+Scene DrawWithLibrary(const Case &c, std::vector<uint32_t> &results) {
+  Scene scene(c.layout, Painter::kLibrary);
+  scene.UseInLibrary();
+  for (const Call &call : c.calls) results.push_back(call.function->library(scene, call.args));
+  const std::vector<uint32_t> records = scene.Records();
+  results.insert(results.end(), records.begin(), records.end());
+  return scene;
+}
+
+Scene DrawWithReference(const Case &c, std::vector<uint32_t> &results) {
+  Scene scene(c.layout, Painter::kReference);
+  for (const Call &call : c.calls) results.push_back(call.function->reference(scene, call.args));
+  const std::vector<uint32_t> records = scene.Records();
+  results.insert(results.end(), records.begin(), records.end());
+  return scene;
 }
 
 std::string Describe(const Case &c) {
+  const SceneLayout &l = c.layout;
   std::ostringstream text;
-  text << Describe(c.layout);
+  text << Describe(l.target);
+  if (l.source.width > 1) text << "\n  source: " << Describe(l.source);
+  if (l.overlapping) text << ", overlapping the target";
+  if (l.blendSource.width > 1) text << "\n  blend source: " << Describe(l.blendSource);
   for (const Call &call : c.calls) {
     text << "\n  " << call.function->name << "(";
     for (int i = 0; call.function->kinds[i]; i++) {
-      const bool hex = std::strchr("ckfm", call.function->kinds[i]);
+      const bool hex = std::strchr("ckfmMEFzt", call.function->kinds[i]);
       text << (i ? ", " : "") << (hex ? "0x" : "") << (hex ? std::hex : std::dec) << call.args[i];
     }
     text << ")";

@@ -8,9 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "support/picture.h"
+#include "support/scene.h"
 
-using Args = std::array<int32_t, 13>;
+// Surfaces are given by their number in the scene, 0 is null; so is the pipeline.
+using Args = std::array<int32_t, 23>;
 
 enum class Family {
   kPixels,
@@ -21,13 +22,23 @@ enum class Family {
   kLines,
   kFlatPolygons,
   kGouraudPolygons,
-  kMemory
+  kMemory,
+  kSurfaces,
+  kGradients,
+  kBlits,
+  kEffectBlits,
+  kPipelines,
+  kTextures,
+  kSprites,
+  kFilters,
+  kScaling
 };
 
-inline constexpr const char *kFamilyNames[] = {"pixels",        "strips",           "boxes",
-                                               "shaded-boxes",  "ellipses",         "lines",
-                                               "flat-polygons", "gouraud-polygons", "memory"};
-inline constexpr int kFamilyCount = 9;
+inline constexpr const char *kFamilyNames[] = {
+    "pixels",        "strips",           "boxes",    "shaded-boxes", "ellipses",  "lines",
+    "flat-polygons", "gouraud-polygons", "memory",   "surfaces",     "gradients", "blits",
+    "effect-blits",  "pipelines",        "textures", "sprites",      "filters",   "scaling"};
+inline constexpr int kFamilyCount = 18;
 
 // The functions on plain memory work on the picture's bytes. They share one set of arguments, of
 // which each takes what it needs; From and To are offsets from the picture's address.
@@ -37,8 +48,8 @@ struct Function {
   const char *name;
   Family family;
   const char *kinds;  // what each argument is: see ArgumentOf in cases.cc
-  uint32_t (*library)(Picture &, const Args &);
-  uint32_t (*reference)(reference::Reference &, const Args &);
+  uint32_t (*library)(Scene &, const Args &);
+  uint32_t (*reference)(Scene &, const Args &);
 };
 
 struct Call {
@@ -46,16 +57,17 @@ struct Call {
   Args args;
 };
 
-// A picture and what is drawn on it.
+// A scene and what is drawn on it.
 struct Case {
-  Layout layout;
+  SceneLayout layout;
   std::vector<Call> calls;
 };
 
 std::span<const Function> Functions();
+const Function *FunctionNamed(const char *name);
 
-// Draw a case on a fresh picture; every call's result is appended to results.
-Picture DrawWithLibrary(const Case &c, std::vector<uint32_t> &results);
-Picture DrawWithReference(const Case &c, std::vector<uint32_t> &results);
+// Draw a case on a fresh scene; every call's result and the records left are appended to results.
+Scene DrawWithLibrary(const Case &c, std::vector<uint32_t> &results);
+Scene DrawWithReference(const Case &c, std::vector<uint32_t> &results);
 
 std::string Describe(const Case &c);

@@ -23,6 +23,32 @@ void Scatter(std::vector<uint8_t> &bytes, uint64_t seed) {
   }
 }
 
+// Runs of pixels of the mask colour; now and then one with other unused or top bits.
+void PlantMask(Picture &picture) {
+  const Layout &layout = picture.layout();
+  const reference::Buffer pixels = ReferenceFor(picture);
+  Random random(layout.seed + 1);
+  int32_t left = 0;
+  bool masked = false;
+  for (int32_t y = 0; y < layout.height && pixels.FormatKnown(); y++) {
+    for (int32_t x = 0; x < layout.width; x++) {
+      if (left-- <= 0) {
+        masked = random.Between(0, 99) < layout.maskShare;
+        left = random.OneIn(3) ? random.Between(1, 40) : random.Between(1, 4);
+      }
+      if (!masked && layout.format == 5 && random.OneIn(2)) {
+        const uint32_t alpha = random.Pick({0u, 1u, 3u, 4u, 7u, 8u, 128u, 223u, 224u, 231u, 232u,
+                                            247u, 248u, 251u, 252u, 253u, 254u, 255u});
+        pixels.Store(x, y, (pixels.Load(x, y) & 0xFFFFFF) | alpha << 24);
+      }
+      if (!masked) continue;
+      const uint32_t unused = layout.format == 2 ? 0x8000 : layout.format >= 4 ? 0x80000000 : 0;
+      const uint32_t other = random.OneIn(40) ? unused : 0;
+      pixels.Store(x, y, reference::PackFor(layout.format, layout.mask) ^ other);
+    }
+  }
+}
+
 }  // namespace
 
 Picture::Picture(const Layout &layout) : layout_(layout) {
@@ -32,6 +58,7 @@ Picture::Picture(const Layout &layout) : layout_(layout) {
   bytes_.resize((guard + row * (rows + kGuardRows) + 127) / 64 * 64);
   Scatter(bytes_, layout.seed);
   origin_ = layout.pitch < 0 ? guard + row * (rows - 1) : guard;
+  if (layout.maskShare > 0) PlantMask(*this);
 }
 
 uint32_t Picture::ColourAt(int32_t x, int32_t y) {
@@ -63,6 +90,7 @@ void Target(Picture &picture) {
   const Layout &layout = picture.layout();
   BRSL_SetBufferViewPort(0, 0, 0, 0);
   BRSL_QuadG(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, DRAW_NORMAL);
+  BRSL_QuadT(nullptr, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, nullptr);
   BRSL_SetBuffer(picture.Address(), layout.pitch, layout.format);
   const reference::Rect &v = layout.viewport;
   BRSL_SetBufferViewPort(v.right, v.top, v.left, v.bottom);

@@ -16,6 +16,10 @@ struct Layout {
   uint64_t seed = 0;     // of the bytes that the picture starts with
   reference::Rect viewport;
   int32_t inkAlpha = 255;
+  // A colour that about so many percent of the pixels get, in runs. Other pixels of format 5 then
+  // have telling alphas more often.
+  uint32_t mask = 0;
+  int32_t maskShare = 0;
 };
 
 class Picture {
@@ -43,7 +47,7 @@ Layout RandomLayout(Random &random, int32_t maxWidth, int32_t maxHeight);
 // Makes the picture the library's target, with its viewport and ink alpha and an empty vertex list.
 void Target(Picture &picture);
 
-// The same for a reference.
+// The same as a reference.
 reference::Reference ReferenceFor(Picture &picture);
 
 // Where two pictures of one layout differ first; empty if nowhere.

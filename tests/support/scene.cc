@@ -1,0 +1,85 @@
+#include "support/scene.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr size_t kRowEntries = 512;
+
+std::unique_ptr<BRSL_SurfaceDesc, void (*)(BRSL_SurfaceDesc *)> MakeSurface(Picture &picture,
+                                                                            Painter painter) {
+  const Layout &l = picture.layout();
+  const reference::Rect &v = l.viewport;
+  if (painter == Painter::kReference) {
+    auto *desc = new BRSL_SurfaceDesc(
+        reference::SurfaceDesc(l.format, picture.Address(), l.pitch, l.width, l.height));
+    reference::SetSurfaceDescMaskColour(desc, l.mask);
+    reference::SetSurfaceDescVp(desc, v.right, v.top, v.left, v.bottom);
+    return {desc, [](BRSL_SurfaceDesc *d) { delete d; }};
+  }
+  BRSL_SurfaceDesc *desc =
+      BRSL_AllocSurfaceDesc(l.format, picture.Address(), l.pitch, l.width, l.height);
+  BRSL_SetSurfaceDescMaskColour(desc, l.mask);
+  BRSL_SetSurfaceDescVP(desc, v.right, v.top, v.left, v.bottom);
+  return {desc, [](BRSL_SurfaceDesc *d) { BRSL_FreeSurfaceDesc(d); }};
+}
+
+std::unique_ptr<TPD_Pipeline, void (*)(TPD_Pipeline *)> MakePipeline(Painter painter) {
+  if (painter == Painter::kLibrary) return {TPD_Alloc(), [](TPD_Pipeline *p) { TPD_Free(p); }};
+  return {new TPD_Pipeline(reference::Pipeline()), [](TPD_Pipeline *p) { delete p; }};
+}
+
+}  // namespace
+
+Scene::Scene(const SceneLayout &layout, Painter painter)
+    : target(layout.target),
+      source(layout.source),
+      blendSource(layout.blendSource),
+      row(kRowEntries, 0xC0FFEE),
+      reference(ReferenceFor(target)),
+      surfaces_{MakeSurface(source, painter), MakeSurface(blendSource, painter)},
+      pipeline_(MakePipeline(painter)) {
+  reference.source = ReferenceFor(source);
+  reference.blendSource = ReferenceFor(blendSource);
+  if (layout.overlapping) reference.source.address = target.Address();
+}
+
+void Scene::UseInLibrary() {
+  Target(target);
+  const auto use = [](auto set, const reference::Buffer &b) { set(b.address, b.pitch, b.format); };
+  use(BRSL_SetSrcBuffer, reference.source);
+  use(BRSL_SetSrcBlendBuffer, reference.blendSource);
+}
+
+std::vector<uint32_t> Scene::Records() const {
+  std::vector<uint32_t> words = row;
+  for (const auto &s : surfaces_) {
+    for (int32_t field : {s->format, s->pitch, s->pitchShift, s->width, s->height, s->viewLeft,
+                          s->viewTop, s->viewRight, s->viewBottom}) {
+      words.push_back(static_cast<uint32_t>(field));
+    }
+    words.push_back(s->maskColour);
+  }
+  const TPD_Pipeline &p = *pipeline_;
+  for (int32_t field : {p.maskFlag, p.filterFlag, p.maskCompression, p.effectCount, p.outputEffect,
+                        p.outputArgument, p.outputLevel, p.gouraudState}) {
+    words.push_back(static_cast<uint32_t>(field));
+  }
+  for (int i = 0; i < p.effectCount; i++) {
+    const TPD_TexelEffect &e = p.effects[i];
+    for (int32_t field : {e.code, e.input & 1, e.output & 1}) {
+      words.push_back(static_cast<uint32_t>(field));
+    }
+    words.insert(words.end(), {e.a, e.b, e.c});
+  }
+  return words;
+}
+
+std::string Difference(Scene &actual, Scene &expected) {
+  const std::string target = Difference(actual.target, expected.target);
+  if (!target.empty()) return target;
+  const std::string source = Difference(actual.source, expected.source);
+  if (!source.empty()) return "source: " + source;
+  const std::string blendSource = Difference(actual.blendSource, expected.blendSource);
+  return blendSource.empty() ? "" : "blend source: " + blendSource;
+}
