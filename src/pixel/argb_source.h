@@ -113,7 +113,6 @@ struct Over16 {
 };
 
 // Blends 32-bit pixels by the source's alpha, 254 and more being opaque, and leaves out a key.
-template <bool Keyed>
 struct Over32 {
   static constexpr bool kReadsTarget = true;
   explicit Over32(uint32_t maskColour) : key(maskColour) {}
@@ -130,8 +129,7 @@ struct Over32 {
     const auto blended = As<uint32_t>(HighBytes(d, s, op)) & 0xFFFFFFu;
     const auto shown = As<int32_t>(alpha) > 253 ? ss : blended;
     const auto seen = alpha == 0 ? dd : shown;
-    if constexpr (Keyed) return As<uint8_t>(ss == key ? dd : seen);
-    return As<uint8_t>(seen);
+    return As<uint8_t>(ss == key ? dd : seen);
   }
 
   uint32_t key;

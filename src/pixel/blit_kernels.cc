@@ -35,7 +35,8 @@ struct BlitRows {
   }
 };
 
-// Pixels of a source object meet the target by a rule, in vectors; the rows do not overlap.
+// Pixels of a source object meet the target by a rule, in vectors; where the rows overlap, one after
+// the other.
 template <class T, class S, class Source, class R>
 struct CombineRows {
   template <int VectorBytes>
@@ -44,17 +45,24 @@ struct CombineRows {
     for (int64_t row = 0; row < transfer.rows; ++row) {
       uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
       const uint8_t *from = transfer.from + ByteOffset(row, transfer.fromPitch);
-      const uintptr_t ahead = reinterpret_cast<uintptr_t>(to) - reinterpret_cast<uintptr_t>(from);
-      if (ahead < static_cast<uintptr_t>(transfer.width) * S::kBytes ||
-          -ahead < static_cast<uintptr_t>(transfer.width) * T::kBytes) {
-        for (ptrdiff_t i = 0; i < transfer.width; ++i) {
-          uint8_t *p = to + i * T::kBytes;
-          const Source one(from + i * S::kBytes);
-          StoreOne<T>(p, rule(LoadOne<T>(p), one.One(0)));
-        }
-        continue;
+      if (Overlap(to, transfer.width * T::kBytes, from, transfer.width * S::kBytes)) {
+        CombineOneByOne(to, from, transfer.width, rule);
+      } else {
+        CombineRun<T, VectorBytes>(to, to, transfer.width, rule, Source(from));
       }
-      CombineRun<T, VectorBytes>(to, to, transfer.width, rule, Source(from));
+    }
+  }
+
+  BRISAL_INLINE static bool Overlap(const uint8_t *to, ptrdiff_t toBytes, const uint8_t *from,
+                                    ptrdiff_t fromBytes) {
+    const uintptr_t ahead = reinterpret_cast<uintptr_t>(to) - reinterpret_cast<uintptr_t>(from);
+    return ahead < static_cast<uintptr_t>(fromBytes) || -ahead < static_cast<uintptr_t>(toBytes);
+  }
+
+  BRISAL_INLINE static void CombineOneByOne(uint8_t *to, const uint8_t *from, ptrdiff_t width,
+                                            const R &rule) {
+    for (ptrdiff_t i = 0; i < width; ++i, to += T::kBytes, from += S::kBytes) {
+      StoreOne<T>(to, rule(LoadOne<T>(to), Source(from).One(0)));
     }
   }
 };
@@ -88,7 +96,7 @@ BlitKernel PickOver(bool wide) {
   if constexpr (T::kBytes == 2) {
     return Blits::Of<CombineRows<T, Argb32, ArgbTo16<T, true>, Over16<T>>>().columns[wide];
   } else if constexpr (T::kBytes == 4) {
-    return Blits::Of<CombineRows<T, Argb32, Pixels<Argb32>, Over32<true>>>().columns[wide];
+    return Blits::Of<CombineRows<T, Argb32, Pixels<Argb32>, Over32>>().columns[wide];
   } else {
     return Pick<T, Argb32, BlendAlpha<T>>(wide);
   }
