@@ -38,17 +38,15 @@ BRISAL_INLINE auto As(V v) {
   return (Vector<T, sizeof(V)>)v;
 }
 
-template <class V, class T, size_t... I>
-BRISAL_INLINE V SplatLanes(T x, std::index_sequence<I...>) {
-  const Vector<T, 16> first = {x};
-  return __builtin_shufflevector(first, first, (0 * I)...);
-}
-
-// x in every lane. Out of a vector that every set has GCC makes a broadcast; V{} + x, in a function
-// whose own set has no such vector, would insert lane by lane.
+// x in every lane. GCC makes a broadcast of an array filled in a loop; V{} + x, in a function whose own
+// set has no such vector, would insert lane by lane.
 template <class V, class T>
 BRISAL_INLINE V Splat(T x) {
-  return SplatLanes<V>(x, std::make_index_sequence<sizeof(V) / sizeof(T)>{});
+  T lanes[sizeof(V) / sizeof(T)];
+  for (T &lane : lanes) lane = x;
+  V v;
+  std::memcpy(&v, lanes, sizeof v);
+  return v;
 }
 
 template <class V, int Lane, class W, size_t... I>
