@@ -48,10 +48,11 @@ struct BlendToColour {
 
 struct Replace {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const TexelEffect *effect, int n) {
+  BRISAL_INLINE static void Run(const TexelEffect *given, int n) {
+    const TexelEffect effect = *given;
     for (int i = 0; i < n; ++i) {
-      const uint32_t in = effect->in[i];
-      effect->out[i] = in == effect->colour ? effect->replacement : in;
+      const uint32_t in = effect.in[i];
+      effect.out[i] = in == effect.colour ? effect.replacement : in;
     }
   }
 };
