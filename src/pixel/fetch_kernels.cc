@@ -155,6 +155,16 @@ constexpr std::array<CopyKernel, sizeof...(F)> CopyRow(TypeList<F...>) {
   return {&CopyTexels<F, Keyed>...};
 }
 
+template <class F>
+bool AreMask(const TexelPath &path, int64_t n) {
+  uint32_t u = path.u;
+  uint32_t v = path.v;
+  for (int64_t i = 0; i < n; ++i, u += path.du, v += path.dv) {
+    if (F::Load(TexelAt<F>(path, Whole(u), Whole(v))) != path.storedKey) return false;
+  }
+  return true;
+}
+
 constexpr std::array kCopyKernels = {CopyRow<false>(Formats{}), CopyRow<true>(Formats{})};
 
 using Fetchers = Kernels<const TexelPath *, int, uint32_t *, TexelRuns *>;
@@ -182,6 +192,11 @@ constexpr std::array kFetchKernels = {
 FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed) {
   if (!IsFormat(format)) return nullptr;
   return kFetchKernels[filtered][compressed][static_cast<size_t>(format - 1)].columns[wide];
+}
+
+MaskKernel FindMaskKernel(int32_t format) {
+  return WithFormat(format, MaskKernel{nullptr},
+                    [](auto f) -> MaskKernel { return &AreMask<decltype(f)>; });
 }
 
 CopyKernel FindCopyKernel(int32_t format, bool keyed) {

@@ -47,6 +47,10 @@ FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compr
 using CopyKernel = void (*)(const TexelPath &path, int64_t n, uint8_t *pixels);
 CopyKernel FindCopyKernel(int32_t format, bool keyed);
 
+// Whether all n texels are the mask colour.
+using MaskKernel = bool (*)(const TexelPath &path, int64_t n);
+MaskKernel FindMaskKernel(int32_t format);
+
 // The colours of n pixels of a shaded span from the `first` on.
 using RampKernel = void (*)(const Span *span, int64_t first, int n, uint32_t *colours);
 RampKernel FindRampKernel(bool wide);

@@ -42,10 +42,12 @@ class TexturePainter {
                              direct ? keepsTarget_ : compressed);
     fillsGaps_ = !keepsTarget_ && compressed && !direct;
     output_ = FindOutputKernel(canvas.wide, OutputOf(texture), canvas.target.format);
+    areMask_ = FindMaskKernel(texture.format);
     fillGap_ = FindSpanKernel(canvas.wide, Rule::kSolid, canvas.target.format);
     ramp_ = FindRampKernel(canvas.wide);
     const bool keyed = keepsTarget_ && (compressed || direct);
-    if (CopiesStored(texture) && !fillsGaps_) {
+    // Where gaps are filled, it is with what the texels there are anyway.
+    if (CopiesStored(texture)) {
       copy_ = FindCopyKernel(texture.format, keyed);
       copyRow_ = FindBlitKernel(canvas.wide, texture.format, texture.format, keyed ? 1 : 0);
     }
@@ -56,8 +58,9 @@ class TexturePainter {
   void Draw(const Span &span) {
     const int64_t width = int64_t{span.right} - span.left;
     if (width < 1) return;
+    // A span of nothing but mask colour draws nothing, even where gaps are filled with it.
+    if (fillsGaps_ && areMask_(PathAt(span, 0), width)) return;
     if (copy_ != nullptr) return Copy(span, width);
-    if (fillsGaps_ && width > kPiece && IsTransparent(span, width)) return;
     for (int64_t first = 0; first < width; first += kPiece) {
       DrawPiece(span, first, static_cast<int>(std::min<int64_t>(width - first, kPiece)));
     }
@@ -115,26 +118,11 @@ class TexturePainter {
     return path;
   }
 
-  // A span of nothing but mask colour draws nothing, even where gaps are filled with it.
-  bool IsTransparent(const Span &span, int64_t width) const {
-    uint32_t texels[kPiece];
-    TexelRuns runs;
-    for (int64_t first = 0; first < width; first += kPiece) {
-      const int n = static_cast<int>(std::min<int64_t>(width - first, kPiece));
-      const TexelPath path = PathAt(span, first);
-      fetch_(&path, n, texels, &runs);
-      if (runs.count > 0) return false;
-    }
-    return true;
-  }
-
   void DrawPiece(const Span &span, int64_t first, int n) {
     uint32_t texels[kPiece];
     TexelRuns runs;
     const TexelPath path = PathAt(span, first);
     fetch_(&path, n, texels, &runs);
-    const bool wholeSpan = n == int64_t{span.right} - span.left;
-    if (runs.count == 0 && wholeSpan) return;
     if (runs.count > 0) {
       uint32_t *shades = gouraud_.colour + first % GouraudBuffer::kEntries;
       if (pipeline_.gouraudState == 1) ramp_(&span, first, n, shades);
@@ -184,6 +172,7 @@ class TexturePainter {
   uint32_t maskPacked_;
   FetchKernel fetch_;
   OutputKernel output_;
+  MaskKernel areMask_;
   SpanKernel fillGap_;
   RampKernel ramp_;
   CopyKernel copy_ = nullptr;  // where texels need no stages in between
