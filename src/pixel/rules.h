@@ -116,55 +116,59 @@ struct Half : Reading<F> {
   }
 };
 
-template <class F>
-struct Add : Reading<F> {
-  explicit Add(uint32_t) {}
+// A mode that treats every channel alike: Op::Apply(d, s, channel maximum) on numbers that compare in
+// their lanes.
+template <class F, class Op>
+struct ChannelRule : Reading<F> {
+  explicit ChannelRule(uint32_t) {}
 
   template <class V>
   BRISAL_INLINE V operator()(V d, V s) const {
     if constexpr (kIs16<F>) {
       return EachSmallChannel<F>(
           d, s, [](auto dd, auto ss, uint16_t max) __attribute__((always_inline)) {
-            return MinSmall(dd, max - ss) + ss;
+            return Op::Apply(dd, ss, max);
           });
     } else {
-      return WithoutTopByte<F>(Min(d, ~s) + s);
+      return WithoutTopByte<F>(Op::Apply(d, s, uint8_t{255}));
     }
   }
 };
 
-template <class F>
-struct Sub : Reading<F> {
-  explicit Sub(uint32_t) {}
+struct SaturatingAdd {
+  template <class V, class T>
+  BRISAL_INLINE static V Apply(V d, V s, T max) {
+    return Least(d, max - s) + s;
+  }
+};
 
-  template <class V>
-  BRISAL_INLINE V operator()(V d, V s) const {
-    if constexpr (kIs16<F>) {
-      return EachSmallChannel<F>(
-          d, s, [](auto dd, auto ss, uint16_t) __attribute__((always_inline)) {
-            return MaxSmall(dd, ss) - ss;
-          });
-    } else {
-      return WithoutTopByte<F>(Max(d, s) - s);
-    }
+struct SaturatingSub {
+  template <class V, class T>
+  BRISAL_INLINE static V Apply(V d, V s, T) {
+    return Most(d, s) - s;
+  }
+};
+
+struct SaturatingRevSub {
+  template <class V, class T>
+  BRISAL_INLINE static V Apply(V d, V s, T) {
+    return s - Least(d, s);
   }
 };
 
 template <class F>
-struct RevSub : Reading<F> {
-  explicit RevSub(uint32_t) {}
+struct Add : ChannelRule<F, SaturatingAdd> {
+  using ChannelRule<F, SaturatingAdd>::ChannelRule;
+};
 
-  template <class V>
-  BRISAL_INLINE V operator()(V d, V s) const {
-    if constexpr (kIs16<F>) {
-      return EachSmallChannel<F>(
-          d, s, [](auto dd, auto ss, uint16_t) __attribute__((always_inline)) {
-            return ss - MinSmall(dd, ss);
-          });
-    } else {
-      return WithoutTopByte<F>(s - Min(d, s));
-    }
-  }
+template <class F>
+struct Sub : ChannelRule<F, SaturatingSub> {
+  using ChannelRule<F, SaturatingSub>::ChannelRule;
+};
+
+template <class F>
+struct RevSub : ChannelRule<F, SaturatingRevSub> {
+  using ChannelRule<F, SaturatingRevSub>::ChannelRule;
 };
 
 template <class F>
