@@ -12,16 +12,17 @@ namespace brisal {
 // product gives just what a division would.
 class Reciprocal {
  public:
-  static constexpr double kUpwards = 1.0 + 0x1p-44;
-
   explicit Reciprocal(int64_t divisor)
-      : divisor_(divisor), value_(kUpwards / static_cast<double>(divisor)) {}
+      : divisor_(divisor), value_((1.0 + 0x1p-44) / static_cast<double>(divisor)) {}
 
   int64_t Quotient(int64_t n) const {
     constexpr int64_t kLimit = int64_t{1} << 43;
     if (n <= -kLimit || n >= kLimit) return n / divisor_;
     return static_cast<int64_t>(static_cast<double>(n) * value_);
   }
+
+  // What to multiply numbers within the limit with.
+  double Value() const { return value_; }
 
  private:
   int64_t divisor_;

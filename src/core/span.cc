@@ -4,17 +4,17 @@
 
 namespace brisal {
 
-Span *SpanBuffer::Get(int64_t count) {
-  if (count <= capacity_) return spans_;
-  constexpr int64_t kLeast = 1024;
-  if (count < kLeast) count = kLeast;
-  std::free(spans_);
-  spans_ = nullptr;
+void *SpanBuffer::Grow(int64_t count, size_t size) {
+  constexpr size_t kLeast = 1024 * sizeof(Span);
+  std::free(memory_);
+  memory_ = nullptr;
   capacity_ = 0;
-  if (static_cast<uint64_t>(count) > SIZE_MAX / sizeof(Span)) return nullptr;
-  spans_ = static_cast<Span *>(std::malloc(static_cast<size_t>(count) * sizeof(Span)));
-  if (spans_ != nullptr) capacity_ = count;
-  return spans_;
+  if (static_cast<uint64_t>(count) > SIZE_MAX / size) return nullptr;
+  const size_t bytes = static_cast<size_t>(count) * size;
+  const size_t wanted = bytes > kLeast ? bytes : kLeast;
+  memory_ = std::malloc(wanted);
+  if (memory_ != nullptr) capacity_ = wanted;
+  return memory_;
 }
 
 }  // namespace brisal

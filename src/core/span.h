@@ -40,11 +40,17 @@ class SpanBuffer {
   SpanBuffer &operator=(const SpanBuffer &) = delete;
 
   // Room for count records, with no particular contents; null when there is no memory.
-  Span *Get(int64_t count);
+  template <class Record>
+  Record *Get(int64_t count) {
+    const bool fits = count <= static_cast<int64_t>(capacity_ / sizeof(Record));
+    return static_cast<Record *>(fits ? memory_ : Grow(count, sizeof(Record)));
+  }
 
  private:
-  Span *spans_ = nullptr;
-  int64_t capacity_ = 0;
+  void *Grow(int64_t count, size_t size);
+
+  void *memory_ = nullptr;
+  size_t capacity_ = 0;
 };
 
 }  // namespace brisal

@@ -60,7 +60,9 @@ struct Replace {
 struct RampColours {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Span *span, int64_t first, int n, uint32_t *colours) {
-    const Shaded<Xrgb32> source = Shaded<Xrgb32>(*span).From(first);
+    const FixedColour left = Fixed(static_cast<uint32_t>(span->leftColour));
+    const FixedColour right = Fixed(static_cast<uint32_t>(span->rightColour));
+    const auto source = Shaded<Xrgb32>(left, right, Length(*span)).From(first);
     CombineRun<Xrgb32, VectorBytes>(Bytes(colours), Bytes(colours), n, Solid<Xrgb32>(0), source);
   }
 };

@@ -86,10 +86,10 @@ struct Rgb565 : Packed16<Channel16<11, 5>, Channel16<5, 6>, Channel16<0, 5>> {
     return ((colour >> 8) & 0xF800u) | ((colour >> 5) & 0x7E0u) | ((colour >> 3) & 0x1Fu);
   }
 
-  // The stored word of channels in 16.16, each 0 to 255 before the point.
+  // The stored word of channels in 8.8.
   template <class V>
   BRISAL_INLINE static V FromFixed(V red, V green, V blue) {
-    return ((red >> 8) & 0xF800u) | ((green >> 13) & 0x7E0u) | (blue >> 19);
+    return (red & 0xF800u) | ((green >> 5) & 0x7E0u) | (blue >> 11);
   }
 
   static uint32_t Widen(uint32_t p) {
@@ -108,7 +108,7 @@ struct Rgb555 : Packed16<Channel16<10, 5>, Channel16<5, 5>, Channel16<0, 5>> {
 
   template <class V>
   BRISAL_INLINE static V FromFixed(V red, V green, V blue) {
-    return ((red >> 9) & 0x7C00u) | ((green >> 14) & 0x3E0u) | (blue >> 19);
+    return ((red >> 1) & 0x7C00u) | ((green >> 6) & 0x3E0u) | (blue >> 11);
   }
 
   static uint32_t Widen(uint32_t p) {
@@ -124,10 +124,11 @@ struct Rgb24 {
   static uint32_t Pack(uint32_t colour) { return colour & 0xFFFFFF; }
   static uint32_t Widen(uint32_t p) { return p; }
 
-  // Its low three bytes are the pixel as it lies in memory.
+  // Of channels in 16.16, each 0 to 255 before the point. Its low three bytes are the pixel as it
+  // lies in memory.
   template <class V>
   BRISAL_INLINE static V FromFixed(V red, V green, V blue) {
-    return (red >> 16) | ((green >> 8) & 0xFF00u) | (blue & 0xFF0000u);
+    return HighHalves(blue, red >> 16) | ((green >> 8) & 0xFF00u);
   }
 
   static uint32_t Load(const uint8_t *p) {
@@ -149,21 +150,10 @@ struct Xrgb32 {
   static uint32_t Pack(uint32_t colour) { return colour; }
   static uint32_t Widen(uint32_t p) { return p; }
 
+  // The stored word of channels in 16.16, each 0 to 255 before the point.
   template <class V>
   BRISAL_INLINE static V FromFixed(V red, V green, V blue) {
     return HighHalves(red, blue >> 16) | ((green >> 8) & 0xFF00u);
-  }
-
-  // The high 16 bits of each word from one vector, the low ones from another whose high ones are 0.
-  // Where the set has a blend of 16-bit lanes, that is one instruction.
-  template <class V>
-  BRISAL_INLINE static V HighHalves(V high, V low) {
-    if constexpr (sizeof(V) == 32) {
-      return As<uint32_t>(__builtin_shufflevector(As<uint16_t>(high), As<uint16_t>(low), 16, 1, 18,
-                                                  3, 20, 5, 22, 7, 24, 9, 26, 11, 28, 13, 30, 15));
-    } else {
-      return (high & 0xFF0000u) | low;
-    }
   }
 
   static uint32_t Load(const uint8_t *p) {

@@ -60,6 +60,18 @@ BRISAL_INLINE V SplatLane(W lanes) {
   return SplatLaneOf<V, Lane>(lanes, std::make_index_sequence<sizeof(V) / sizeof(lanes[0])>{});
 }
 
+// The high 16 bits of each word from one vector, the low ones from another whose high ones are 0. Where
+// the set has a blend of 16-bit lanes, that is one instruction.
+template <class V>
+BRISAL_INLINE V HighHalves(V high, V low) {
+  if constexpr (sizeof(V) == 32) {
+    return As<uint32_t>(__builtin_shufflevector(As<uint16_t>(high), As<uint16_t>(low), 16, 1, 18, 3,
+                                                20, 5, 22, 7, 24, 9, 26, 11, 28, 13, 30, 15));
+  } else {
+    return (high & 0xFFFF0000u) | low;
+  }
+}
+
 template <class V>
 BRISAL_INLINE V Min(V a, V b) {
   return a < b ? a : b;

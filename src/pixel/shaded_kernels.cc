@@ -9,27 +9,27 @@ namespace {
 // Adding or subtracting what the format cannot tell from black is nothing at all, not even to the
 // bits of a pixel that belong to no channel.
 template <class F, class R>
-BRISAL_INLINE bool Vanishes(const Span &span) {
+BRISAL_INLINE bool Vanishes(const ShadedSpan &span) {
   if constexpr (!std::is_same_v<R, Add<F>> && !std::is_same_v<R, Sub<F>>) return false;
-  const uint32_t bits = static_cast<uint32_t>(span.leftColour | span.rightColour);
-  return (bits & F::kPrecision) == 0;
+  const auto bits = As<uint64_t>((span.leftColour | span.rightColour) & Fixed(F::kPrecision));
+  return (bits[0] | bits[1]) == 0;
 }
 
 template <class F, class R>
 struct ShadedSpans {
-  // The sources of some spans are made before any of them is drawn: their divisions overlap, and the
-  // drawing does not fill the processor's queues with work that waits for them.
   static constexpr int kBatch = 16;
 
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Span *spans, int64_t count, const Buffer target) {
+  BRISAL_INLINE static void Run(const ShadedSpan *spans, int64_t count, const Buffer target) {
     const R rule(0);
     Shaded<F> sources[kBatch];
     for (; count > 0; spans += kBatch, count -= kBatch) {
       const int batch = count < kBatch ? static_cast<int>(count) : kBatch;
-      for (int i = 0; i < batch; ++i) sources[i] = Shaded<F>(spans[i]);
       for (int i = 0; i < batch; ++i) {
-        const Span &span = spans[i];
+        sources[i] = Shaded<F>(spans[i].leftColour, spans[i].rightColour, Length(spans[i]));
+      }
+      for (int i = 0; i < batch; ++i) {
+        const ShadedSpan &span = spans[i];
         const ptrdiff_t n = Length(span);
         if (n <= 0 || Vanishes<F, R>(span)) continue;
         uint8_t *row = target.Row(span.y) + ptrdiff_t{span.left} * F::kBytes;
@@ -39,7 +39,7 @@ struct ShadedSpans {
   }
 };
 
-using ShadedTable = KernelTable<FoldAlpha, const Span *, int64_t, Buffer>;
+using ShadedTable = KernelTable<FoldAlpha, const ShadedSpan *, int64_t, Buffer>;
 constexpr auto kShadedKernels = ShadedTable::Of<ShadedSpans>(ShadedRules{});
 
 }  // namespace

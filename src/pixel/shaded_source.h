@@ -4,29 +4,10 @@
 #include <cstdint>
 #include <utility>
 
-#include "core/reciprocal.h"
-#include "core/span.h"
+#include "pixel/fixed_colour.h"
 #include "pixel/run.h"
 
 namespace brisal {
-
-// The channels of one colour in 16.16: lanes blue, green, red and one of no meaning.
-using FixedColour = Vector<uint32_t, 16>;
-
-BRISAL_INLINE FixedColour Fixed(int32_t colour) {
-  return (Splat<FixedColour>(static_cast<uint32_t>(colour)) << FixedColour{16, 8, 0, 0}) &
-         0xFF0000u;
-}
-
-// The step from pixel to pixel that leads from one colour to the other in n pixels: what Reciprocal
-// does, for all channels at once.
-BRISAL_INLINE FixedColour StepBetween(FixedColour left, FixedColour right, ptrdiff_t n) {
-  using Doubles = Vector<double, 32>;
-  const double reciprocal = Reciprocal::kUpwards / static_cast<double>(n);
-  const auto way = __builtin_convertvector(As<int32_t>(right - left), Doubles);
-  return As<uint32_t>(
-      __builtin_convertvector(way * Splat<Doubles>(reciprocal), Vector<int32_t, 16>));
-}
 
 template <class V, size_t... I>
 BRISAL_INLINE V LaneNumbers(std::index_sequence<I...>) {
@@ -69,23 +50,27 @@ BRISAL_INLINE V StreamPart(V a, V b, std::index_sequence<I...>) {
 // A source whose colour changes linearly along a span.
 template <class F>
 class Shaded {
+  // Channels stand in 16.16, for 16-bit pixels in 8.24: the high halves of words are then all that
+  // such a pixel is made of.
+  static constexpr int kShift = F::kBytes == 2 ? 8 : 0;
+
  public:
   Shaded() = default;
 
-  // The span of no pixels has some source too.
-  BRISAL_INLINE explicit Shaded(const Span &span)
-      : start_(Fixed(span.leftColour)),
-        step_(StepBetween(start_, Fixed(span.rightColour), Length(span))) {}
+  // Between the whole parts of two colours, in n pixels.
+  BRISAL_INLINE Shaded(FixedColour left, FixedColour right, ptrdiff_t n)
+      : start_((left & 0xFF0000u) << kShift),
+        step_(StepBetween(left & 0xFF0000u, right & 0xFF0000u, Reciprocal(n)) << kShift) {}
 
   // The same span from a later pixel on.
   BRISAL_INLINE Shaded From(int64_t pixel) const {
     Shaded later = *this;
-    later.start_ += step_ * Splat<FixedColour>(static_cast<uint32_t>(pixel));
+    later.start_ += Times(step_, pixel);
     return later;
   }
 
   BRISAL_INLINE auto One(ptrdiff_t i) const {
-    const FixedColour c = start_ + step_ * Splat<FixedColour>(static_cast<uint32_t>(i));
+    const FixedColour c = (start_ + Times(step_, i)) >> kShift;
     uint8_t stored[4];
     F::Store(stored, F::Pack(Xrgb32::FromFixed(c[2], c[1], c[0])));
     return LoadOne<F>(stored);
@@ -117,7 +102,9 @@ class Shaded {
         group.part[0] = As<uint8_t>(Words());
       } else if constexpr (F::kBytes == 2) {
         // Lanes hold every second pixel; the ones between them are a step away.
-        group.part[0] = As<uint16_t>(Words() | Moved(step_).Words() << 16);
+        const Cursor odd = Moved(step_);
+        group.part[0] = F::FromFixed(Halves(red_, odd.red_), Halves(green_, odd.green_),
+                                     Halves(blue_, odd.blue_));
       } else if constexpr (VectorBytes >= 16) {
         const V a = Triples(0);
         const V b = Triples(1);
@@ -136,7 +123,7 @@ class Shaded {
     }
 
     BRISAL_INLINE G Ahead(ptrdiff_t pixels) const {
-      return Moved(step_ * Splat<FixedColour>(static_cast<uint32_t>(pixels))).Get();
+      return Moved(Times(step_, pixels)).Get();
     }
 
     BRISAL_INLINE void Advance() { *this = Moved(step_ * G::kPixels); }
@@ -148,6 +135,10 @@ class Shaded {
       moved.green_ += SplatLane<V, 1>(way);
       moved.red_ += SplatLane<V, 2>(way);
       return moved;
+    }
+
+    BRISAL_INLINE static auto Halves(V even, V odd) {
+      return As<uint16_t>(HighHalves(odd, even >> 16));
     }
 
     BRISAL_INLINE V Words() const { return F::FromFixed(red_, green_, blue_); }

@@ -5,6 +5,7 @@
 #include "core/canvas.h"
 #include "core/span.h"
 #include "pixel/mode.h"
+#include "pixel/shaded_span.h"
 
 namespace brisal {
 
@@ -20,7 +21,7 @@ struct Runs {
 };
 
 using SpanKernel = void (*)(Runs runs, Buffer target, uint32_t packed, uint32_t alpha);
-using ShadedKernel = void (*)(const Span *spans, int64_t count, Buffer target);
+using ShadedKernel = void (*)(const ShadedSpan *spans, int64_t count, Buffer target);
 using PixelKernel = void (*)(uint8_t *pixel, uint32_t packed, uint32_t alpha);
 
 // Each is null where there is nothing to draw: for Rule::kNone and for codes that are no format.

@@ -11,7 +11,7 @@ void DrawFlatPoly(const Canvas &canvas, SpanBuffer &spanBuffer, const VertexList
   const Viewport &view = canvas.viewport;
   const Polygon polygon(list, count);
   if (!polygon.Shows(view)) return;
-  Span *const spans = spanBuffer.Get(polygon.MaxRows(view));
+  Span *const spans = spanBuffer.Get<Span>(polygon.MaxRows(view));
   if (spans == nullptr) return;
   Span *end = spans;
   using Side = Chain<NoValues>;

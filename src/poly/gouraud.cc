@@ -11,14 +11,12 @@ using Side = Chain<ColourValues>;
 
 class ShadedSpanList {
  public:
-  explicit ShadedSpanList(Span *spans) : begin_(spans), end_(spans) {}
+  explicit ShadedSpanList(ShadedSpan *spans) : begin_(spans), end_(spans) {}
 
-  void Add(int64_t y, int64_t left, int64_t right, const ColourValues &l, const ColourValues &r) {
+  void Add(int64_t y, int64_t left, int64_t right, FixedColour l, FixedColour r) {
     if (right <= left) return;
-    end_->Place(y, left, right);
-    end_->leftColour = l.Colour();
-    end_->rightColour = r.Colour();
-    ++end_;
+    *end_++ = {l, r, static_cast<int32_t>(y), static_cast<int32_t>(left),
+               static_cast<int32_t>(right)};
   }
 
   // Cuts the row to the view; the colours move along to where the cuts are.
@@ -26,20 +24,20 @@ class ShadedSpanList {
     int64_t left = l.x / 65536;
     int64_t right = r.x / 65536;
     if (left >= view.right || right < view.left || right <= left) return;
-    ColourValues leftColour = l.values;
-    ColourValues rightColour = r.values;
+    FixedColour leftColour = l.values.colour;
+    FixedColour rightColour = r.values.colour;
     const int64_t leftCut = std::max<int64_t>(view.left - left, 0);
     const int64_t rightCut = std::max<int64_t>(right - view.right, 0);
     CutColours(leftColour, rightColour, right - left, leftCut, rightCut);
     Add(y, left + leftCut, right - rightCut, leftColour, rightColour);
   }
 
-  const Span *Begin() const { return begin_; }
+  const ShadedSpan *Begin() const { return begin_; }
   int64_t Count() const { return end_ - begin_; }
 
  private:
-  Span *begin_;
-  Span *end_;
+  ShadedSpan *begin_;
+  ShadedSpan *end_;
 };
 
 }  // namespace
@@ -49,7 +47,7 @@ void DrawGouraudPoly(const Canvas &canvas, SpanBuffer &spanBuffer, const VertexL
   const Viewport &view = canvas.viewport;
   const Polygon polygon(list, count);
   if (!polygon.Shows(view)) return;
-  Span *const memory = spanBuffer.Get(polygon.MaxRows(view));
+  ShadedSpan *const memory = spanBuffer.Get<ShadedSpan>(polygon.MaxRows(view));
   if (memory == nullptr) return;
   ShadedSpanList spans(memory);
   if (polygon.CrossesSides(view)) {
@@ -58,7 +56,7 @@ void DrawGouraudPoly(const Canvas &canvas, SpanBuffer &spanBuffer, const VertexL
     });
   } else {
     WalkEdges<ColourValues>(polygon, view, [&](int64_t y, const Side &l, const Side &r) {
-      spans.Add(y, l.x >> 16, r.x >> 16, l.values, r.values);
+      spans.Add(y, l.x >> 16, r.x >> 16, l.values.colour, r.values.colour);
     });
   }
   DrawGouraudSpanList(canvas, spans.Begin(), spans.Count(), ModeOfFlags(drawMode));

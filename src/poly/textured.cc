@@ -82,13 +82,13 @@ bool MakeSpan(const Viewport &view, bool clip, int64_t y,
   span->du = static_cast<int32_t>(du);
   span->dv = static_cast<int32_t>(dv);
   if constexpr (Shaded) {
-    ColourValues leftColour = l.values.colour;
-    ColourValues rightColour = r.values.colour;
+    FixedColour leftColour = l.values.colour.colour;
+    FixedColour rightColour = r.values.colour.colour;
     if (leftCut + rightCut > 0) {
       CutColours(leftColour, rightColour, right - left, leftCut, rightCut);
     }
-    span->leftColour = leftColour.Colour();
-    span->rightColour = rightColour.Colour();
+    span->leftColour = static_cast<int32_t>(Whole(leftColour));
+    span->rightColour = static_cast<int32_t>(Whole(rightColour));
   }
   return true;
 }
@@ -128,7 +128,7 @@ void DrawPoly(const Canvas &canvas, const TextureWork &work, const Surface *text
   const Viewport &view = canvas.viewport;
   const Polygon polygon(work.vertices, count);
   if (!polygon.Shows(view)) return;
-  Span *const spans = work.spans.Get(polygon.MaxRows(view));
+  Span *const spans = work.spans.Get<Span>(polygon.MaxRows(view));
   if (spans == nullptr) return;
   ClampTexels(work.vertices, count, *texture);
   const int64_t rows = pipeline->gouraudState == 1 ? MakeSpans<Rules, true>(polygon, view, spans)
@@ -159,7 +159,7 @@ void DrawTexture(const Canvas &canvas, const TextureWork &work, const Surface *t
   const int64_t top = std::max(y, view.top);
   const int64_t bottom = std::min<int64_t>(y + height, view.bottom);
   if (left >= right || top >= bottom) return;
-  Span *const spans = work.spans.Get(bottom - top);
+  Span *const spans = work.spans.Get<Span>(bottom - top);
   if (spans == nullptr) return;
   Span *span = spans;
   for (int64_t row = top; row < bottom; ++row, ++span) {

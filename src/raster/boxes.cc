@@ -55,35 +55,6 @@ void FillBox(const Canvas &canvas, const Rectangle &box, uint32_t packed, int32_
   if (rows > 0) DrawRectangle(canvas, row, rows, packed, mode);
 }
 
-// The three channels of a colour in 16.16, moving along a line.
-struct Channels {
-  Channels() = default;
-  explicit Channels(uint32_t colour) {
-    for (int c = 0; c < 3; ++c) value[c] = int64_t{colour >> (16 - 8 * c) & 0xFF} * 65536;
-  }
-
-  // The step of each channel that leads to `end`, given the reciprocal of their number.
-  Channels StepTo(const Channels &end, const Reciprocal &perStep) const {
-    Channels step;
-    for (int c = 0; c < 3; ++c) step.value[c] = perStep.Quotient(end.value[c] - value[c]);
-    return step;
-  }
-
-  void Advance(const Channels &step, int64_t count) {
-    for (int c = 0; c < 3; ++c) value[c] += step.value[c] * count;
-  }
-
-  int32_t ColourAfter(const Channels &step, int64_t count) const {
-    int32_t colour = 0;
-    for (int c = 0; c < 3; ++c) {
-      colour = colour << 8 | static_cast<int32_t>((value[c] + step.value[c] * count) >> 16 & 0xFF);
-    }
-    return colour;
-  }
-
-  int64_t value[3];
-};
-
 }  // namespace
 
 void DrawBox(const Canvas &canvas, int32_t x1, int32_t y1, int32_t x2, int32_t y2, uint32_t colour,
@@ -106,23 +77,22 @@ void DrawShadeBox(const Canvas &canvas, SpanBuffer &spanBuffer, int32_t x1, int3
 
   const Reciprocal perRow(box.bottom - box.top);
   const Reciprocal perPixel(box.right - box.left);
-  Channels leftEdge(corners[0]);
-  Channels rightEdge(corners[1]);
-  const Channels leftStep = leftEdge.StepTo(Channels(corners[3]), perRow);
-  const Channels rightStep = rightEdge.StepTo(Channels(corners[2]), perRow);
-  leftEdge.Advance(leftStep, top - box.top);
-  rightEdge.Advance(rightStep, top - box.top);
+  FixedColour leftEdge = Fixed(corners[0]);
+  FixedColour rightEdge = Fixed(corners[1]);
+  const FixedColour leftStep = StepBetween(leftEdge, Fixed(corners[3]), perRow);
+  const FixedColour rightStep = StepBetween(rightEdge, Fixed(corners[2]), perRow);
+  leftEdge += Times(leftStep, top - box.top);
+  rightEdge += Times(rightStep, top - box.top);
 
-  Span *const spans = spanBuffer.Get(bottom - top);
+  ShadedSpan *const spans = spanBuffer.Get<ShadedSpan>(bottom - top);
   if (spans == nullptr) return;
-  Span *span = spans;
+  ShadedSpan *span = spans;
   for (int64_t y = top; y < bottom; ++y, ++span) {
-    const Channels across = leftEdge.StepTo(rightEdge, perPixel);
-    span->Place(y, left, right);
-    span->leftColour = leftEdge.ColourAfter(across, left - box.left);
-    span->rightColour = leftEdge.ColourAfter(across, right - box.left);
-    leftEdge.Advance(leftStep, 1);
-    rightEdge.Advance(rightStep, 1);
+    const FixedColour across = StepBetween(leftEdge, rightEdge, perPixel);
+    *span = {leftEdge + Times(across, left - box.left), leftEdge + Times(across, right - box.left),
+             static_cast<int32_t>(y), static_cast<int32_t>(left), static_cast<int32_t>(right)};
+    leftEdge += leftStep;
+    rightEdge += rightStep;
   }
   DrawGouraudSpanList(canvas, spans, bottom - top, ModeOfFlags(flags));
 }

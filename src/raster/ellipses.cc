@@ -152,7 +152,7 @@ void FillEllipseClipped(const Canvas &canvas, const QuarterCircle &quarter, Span
   // Height i lies on row cy + i, and on row cy + 1 - i.
   const Range lower = Within(heights, e.cy, 1, view.top, view.bottom);
   const Range upper = Within(heights, e.cy + 1, -1, view.top, view.bottom);
-  Span *const spans = spanBuffer.Get(lower.Count() + upper.Count());
+  Span *const spans = spanBuffer.Get<Span>(lower.Count() + upper.Count());
   if (spans == nullptr) return;
   Span *end = spans;
   const auto add = [&](int64_t h, int64_t y) {
@@ -172,7 +172,7 @@ void FillEllipseUnclipped(const Canvas &canvas, const QuarterCircle &quarter,
                           int32_t flags) {
   if (e.rx < 1 || e.ry < 1) return;
   const int64_t rows = e.ry - 1;  // above the middle, and as many below it
-  Span *const spans = spanBuffer.Get(2 * rows);
+  Span *const spans = spanBuffer.Get<Span>(2 * rows);
   if (spans == nullptr) return;
   HalfWidths widths(quarter, 1, e.ry, e.rx);
   for (int64_t k = 1; k <= rows; ++k) {

@@ -4,6 +4,7 @@
 
 #include "core/canvas.h"
 #include "core/span.h"
+#include "pixel/shaded_span.h"
 
 namespace brisal {
 
@@ -15,8 +16,8 @@ void DrawSpanList(const Canvas &canvas, const Span *spans, int64_t count, uint32
 void DrawRectangle(const Canvas &canvas, const Span &first, int64_t rows, uint32_t packed,
                    int32_t mode);
 
-// Combines spans whose colours run from leftColour to rightColour.
-void DrawGouraudSpanList(const Canvas &canvas, const Span *spans, int64_t count, int32_t mode);
+// Combines spans whose colours run change from end to end.
+void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t count, int32_t mode);
 
 // One run of pixels by the strip's own choice of modes.
 void DrawStrip(const Canvas &canvas, int32_t y, int64_t x1, int64_t x2, uint32_t packed,
