@@ -22,7 +22,8 @@ BRISAL_INLINE R MakeRule(uint32_t key) {
 template <class T, class S, class R>
 struct BlitRows {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Transfer transfer, uint32_t key) {
+  BRISAL_INLINE static void Run(const Transfer &given, uint32_t key) {
+    const Transfer transfer = given;
     for (int64_t row = 0; row < transfer.rows; ++row) {
       uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
       const uint8_t *from = transfer.from + ByteOffset(row, transfer.fromPitch);
@@ -40,7 +41,8 @@ struct BlitRows {
 template <class T, class S, class Source, class R>
 struct CombineRows {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Transfer transfer, uint32_t key) {
+  BRISAL_INLINE static void Run(const Transfer &given, uint32_t key) {
+    const Transfer transfer = given;
     const R rule = MakeRule<R>(key);
     for (int64_t row = 0; row < transfer.rows; ++row) {
       uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
@@ -69,7 +71,7 @@ struct CombineRows {
 
 // Pixels that keep their bytes. Where the rows overlap, as copying one pixel after the other does.
 template <int PixelBytes>
-void CopyRows(Transfer transfer, uint32_t) {
+void CopyRows(const Transfer &transfer, uint32_t) {
   const size_t bytes = static_cast<size_t>(transfer.width) * PixelBytes;
   for (int64_t row = 0; row < transfer.rows; ++row) {
     uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
@@ -83,7 +85,7 @@ void CopyRows(Transfer transfer, uint32_t) {
   }
 }
 
-using Blits = Kernels<Transfer, uint32_t>;
+using Blits = Kernels<const Transfer &, uint32_t>;
 
 template <class T, class S, class R>
 BlitKernel Pick(bool wide) {

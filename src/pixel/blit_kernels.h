@@ -16,7 +16,8 @@ struct Transfer {
   int64_t rows;
 };
 
-using BlitKernel = void (*)(Transfer transfer, uint32_t key);
+// By reference, so that what was just stored piece by piece is read piece by piece.
+using BlitKernel = void (*)(const Transfer &transfer, uint32_t key);
 
 // The copy from one format to another. `transparent` leaves out pixels: those of the mask colour, or
 // by their alpha where the source has one and the target differs. Null where the pair, or the pair

@@ -11,7 +11,8 @@ namespace {
 template <class F, class R>
 struct MixRows {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Transfer transfer, const uint8_t *with, ptrdiff_t withPitch) {
+  BRISAL_INLINE static void Run(const Transfer &given, const uint8_t *with, ptrdiff_t withPitch) {
+    const Transfer transfer = given;
     const R rule(0);
     for (int64_t row = 0; row < transfer.rows; ++row) {
       CombineRun<F, VectorBytes>(transfer.to + ByteOffset(row, transfer.toPitch),
@@ -39,7 +40,7 @@ struct MixHalf<Rgb555> : Reading<Rgb555> {
 };
 
 using MixRules = RuleList<Solid, MixHalf, Add, Sub, Mult>;
-using MixTable = KernelTable<FoldPacked, Transfer, const uint8_t *, ptrdiff_t>;
+using MixTable = KernelTable<FoldPacked, const Transfer &, const uint8_t *, ptrdiff_t>;
 constexpr auto kMixKernels = MixTable::Of<MixRows>(MixRules{});
 
 }  // namespace

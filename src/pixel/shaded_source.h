@@ -122,9 +122,7 @@ class Shaded {
       return group;
     }
 
-    BRISAL_INLINE G Ahead(ptrdiff_t pixels) const {
-      return Moved(Times(step_, pixels)).Get();
-    }
+    BRISAL_INLINE G Ahead(ptrdiff_t pixels) const { return Moved(Times(step_, pixels)).Get(); }
 
     BRISAL_INLINE void Advance() { *this = Moved(step_ * G::kPixels); }
 

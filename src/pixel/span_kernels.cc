@@ -10,15 +10,19 @@ namespace {
 template <class F, class R>
 struct FlatSpans {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Runs runs, const Buffer target, uint32_t packed,
+  BRISAL_INLINE static void Run(const Runs &runs, const Buffer &given, uint32_t packed,
                                 uint32_t alpha) {
+    const Buffer target = given;
     const R rule(alpha);
     const Flat<F> source(packed);
     const Span *span = runs.spans;
-    for (int64_t i = 0; i < runs.count; ++i, span += runs.spanStep) {
+    const int64_t count = runs.count;
+    const int64_t spanStep = runs.spanStep;
+    const int64_t rowStep = runs.rowStep;
+    for (int64_t i = 0; i < count; ++i, span += spanStep) {
       const ptrdiff_t n = Length(*span);
       if (n <= 0) continue;
-      uint8_t *row = target.Row(span->y + i * runs.rowStep);
+      uint8_t *row = target.Row(span->y + i * rowStep);
       uint8_t *first = row + ptrdiff_t{span->left} * F::kBytes;
       CombineRun<F, VectorBytes>(first, first, n, rule, source);
     }
@@ -30,7 +34,7 @@ void OnePixel(uint8_t *p, uint32_t packed, uint32_t alpha) {
   StoreOne<F>(p, R(alpha)(LoadOne<F>(p), OneOf<F>(packed)));
 }
 
-using SpanTable = KernelTable<FoldPacked, Runs, Buffer, uint32_t, uint32_t>;
+using SpanTable = KernelTable<FoldPacked, const Runs &, const Buffer &, uint32_t, uint32_t>;
 constexpr auto kSpanKernels = SpanTable::Of<FlatSpans>(Rules{});
 
 template <template <class> class R, class... F>

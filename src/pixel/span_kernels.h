@@ -20,7 +20,9 @@ struct Runs {
   int32_t rowStep;
 };
 
-using SpanKernel = void (*)(Runs runs, Buffer target, uint32_t packed, uint32_t alpha);
+// By reference, so that what was just stored piece by piece is read piece by piece.
+using SpanKernel = void (*)(const Runs &runs, const Buffer &target, uint32_t packed,
+                            uint32_t alpha);
 using ShadedKernel = void (*)(const ShadedSpan *spans, int64_t count, Buffer target);
 using PixelKernel = void (*)(uint8_t *pixel, uint32_t packed, uint32_t alpha);
 

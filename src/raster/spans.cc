@@ -24,7 +24,8 @@ void DrawRectangle(const Canvas &canvas, const Span &first, int64_t rows, uint32
   DrawRuns(canvas, Runs::Rows(&first, rows), rule, packed);
 }
 
-void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t count, int32_t mode) {
+void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t count,
+                         int32_t mode) {
   const ShadedKernel kernel = FindShadedKernel(canvas.wide, RuleOfMode(mode), canvas.target.format);
   if (kernel != nullptr) kernel(spans, count, canvas.target);
 }
