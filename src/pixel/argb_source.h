@@ -2,9 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <type_traits>
-#include <utility>
 
+#include "pixel/convert_source.h"
 #include "pixel/format.h"
 #include "pixel/rules.h"
 #include "pixel/run.h"
@@ -20,14 +19,8 @@ struct ColourAlpha {
   V alpha;
 };
 
-// The even ones of the 16-bit lanes of two vectors, that is, words cut to 16 bits.
-template <class V, size_t... I>
-BRISAL_INLINE V CutWords(V a, V b, std::index_sequence<I...>) {
-  return __builtin_shufflevector(a, b, (2 * I)...);
-}
-
-// A source for 16-bit formats. With alpha it gives ColourAlpha, else colours alone.
-template <class T, bool WithAlpha>
+// A source for 16-bit formats.
+template <class T>
 class ArgbTo16 {
  public:
   BRISAL_INLINE explicit ArgbTo16(const uint8_t *first) : first_(first) {}
@@ -35,43 +28,24 @@ class ArgbTo16 {
   BRISAL_INLINE auto One(ptrdiff_t i) const {
     using V = Vector<uint16_t, 2>;
     const uint32_t s = Argb32::Load(first_ + 4 * i);
-    const V colour = {static_cast<uint16_t>(T::Pack(s))};
-    if constexpr (WithAlpha) {
-      return ColourAlpha<V>{colour, V{static_cast<uint16_t>(s >> (32 - T::kAlphaBits))}};
-    } else {
-      return colour;
-    }
+    return ColourAlpha<V>{V{static_cast<uint16_t>(T::Pack(s))},
+                          V{static_cast<uint16_t>(s >> (32 - T::kAlphaBits))}};
   }
 
   template <int VectorBytes>
   struct Cursor {
-    using V = Vector<uint16_t, VectorBytes>;
-    using Part = std::conditional_t<WithAlpha, ColourAlpha<V>, V>;
-
     struct Parts {
-      Part part[1];
-      BRISAL_INLINE operator Group<T, VectorBytes>() const requires(!WithAlpha) {
-        return {{part[0]}};
-      }
+      ColourAlpha<Vector<uint16_t, VectorBytes>> part[1];
     };
 
     BRISAL_INLINE Parts Get() const { return Ahead(0); }
 
     BRISAL_INLINE Parts Ahead(ptrdiff_t pixels) const {
       using W = Vector<uint32_t, VectorBytes>;
+      constexpr int kShift = 32 - T::kAlphaBits;
       const W a = LoadVector<W>(at + 4 * pixels);
       const W b = LoadVector<W>(at + 4 * pixels + VectorBytes);
-      const auto cut = [](W x, W y) __attribute__((always_inline)) {
-        return CutWords(As<uint16_t>(x), As<uint16_t>(y),
-                        std::make_index_sequence<VectorBytes / 2>{});
-      };
-      const V colour = cut(T::Pack(a), T::Pack(b));
-      if constexpr (WithAlpha) {
-        constexpr int kShift = 32 - T::kAlphaBits;
-        return {{{colour, cut(a >> kShift, b >> kShift)}}};
-      } else {
-        return {{colour}};
-      }
+      return {{{CutWords(T::Pack(a), T::Pack(b)), CutWords(a >> kShift, b >> kShift)}}};
     }
 
     BRISAL_INLINE void Advance() { at += 2 * VectorBytes; }

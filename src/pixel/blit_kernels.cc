@@ -4,6 +4,7 @@
 #include "pixel/argb_source.h"
 #include "pixel/blit_rules.h"
 #include "pixel/column.h"
+#include "pixel/convert_source.h"
 #include "pixel/pixel_source.h"
 
 namespace brisal {
@@ -96,7 +97,7 @@ BlitKernel Pick(bool wide) {
 template <class T>
 BlitKernel PickOver(bool wide) {
   if constexpr (T::kBytes == 2) {
-    return Blits::Of<CombineRows<T, Argb32, ArgbTo16<T, true>, Over16<T>>>().columns[wide];
+    return Blits::Of<CombineRows<T, Argb32, ArgbTo16<T>, Over16<T>>>().columns[wide];
   } else if constexpr (T::kBytes == 4) {
     return Blits::Of<CombineRows<T, Argb32, Pixels<Argb32>, Over32>>().columns[wide];
   } else {
@@ -116,12 +117,14 @@ BlitKernel Find(bool wide, uint32_t flags) {
   if (std::is_same_v<T, Argb32> && !std::is_same_v<S, Argb32>) return nullptr;
   if (kStrict<T, S> && others) return nullptr;
   if (!transparent) {
-    if constexpr (kSameStorage<T, S>) return &CopyRows<T::kBytes>;
-    if constexpr (T::kBytes == 2 && S::kBytes == 4) {
-      using Kernel = CombineRows<T, S, ArgbTo16<T, false>, Solid<T>>;
-      return Blits::Of<Kernel>().columns[wide];
+    if constexpr (kSameStorage<T, S>) {
+      return &CopyRows<T::kBytes>;
+    } else if constexpr (T::kBytes == 4 && S::kBytes == 2) {
+      // Widening pixel by pixel the compiler does a tenth faster.
+      return Pick<T, S, CopyPixel<T, S>>(wide);
+    } else {
+      return Blits::Of<CombineRows<T, S, Converted<T, S>, Solid<T>>>().columns[wide];
     }
-    return Pick<T, S, CopyPixel<T, S>>(wide);
   }
   if constexpr (std::is_same_v<S, Argb32> && !std::is_same_v<T, Argb32>) {
     if (others) return nullptr;

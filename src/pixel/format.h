@@ -92,8 +92,10 @@ struct Rgb565 : Packed16<Channel16<11, 5>, Channel16<5, 6>, Channel16<0, 5>> {
     return (red & 0xF800u) | ((green >> 5) & 0x7E0u) | (blue >> 11);
   }
 
-  static uint32_t Widen(uint32_t p) {
-    return ((p & 0xF800) << 8) | ((p & 0x7E0) << 5) | ((p & 0x1F) << 3);
+  // Also widens vectors of pixels in words.
+  template <class P>
+  BRISAL_INLINE static P Widen(P p) {
+    return ((p & 0xF800u) << 8) | ((p & 0x7E0u) << 5) | ((p & 0x1Fu) << 3);
   }
 };
 
@@ -111,8 +113,10 @@ struct Rgb555 : Packed16<Channel16<10, 5>, Channel16<5, 5>, Channel16<0, 5>> {
     return ((red >> 1) & 0x7C00u) | ((green >> 6) & 0x3E0u) | (blue >> 11);
   }
 
-  static uint32_t Widen(uint32_t p) {
-    return ((p & 0x7C00) << 9) | ((p & 0x3E0) << 6) | ((p & 0x1F) << 3);
+  // Also widens vectors of pixels in words.
+  template <class P>
+  BRISAL_INLINE static P Widen(P p) {
+    return ((p & 0x7C00u) << 9) | ((p & 0x3E0u) << 6) | ((p & 0x1Fu) << 3);
   }
 };
 
