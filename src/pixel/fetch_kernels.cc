@@ -1,10 +1,10 @@
 #include <array>
 #include <type_traits>
 
-#include "core/ints.h"
 #include "pixel/column.h"
 #include "pixel/format.h"
 #include "pixel/texel_kernels.h"
+#include "pixel/texel_loads.h"
 
 namespace brisal {
 namespace {
@@ -13,27 +13,18 @@ namespace {
 // of which the compiler makes vectors.
 using Words = uint32_t[kPiece];
 
-constexpr uint32_t kOneTexel = 0x10000;
-
-BRISAL_INLINE int32_t Whole(uint32_t coordinate) { return static_cast<int32_t>(coordinate) >> 16; }
-
-template <class F>
-BRISAL_INLINE const uint8_t *TexelAt(const TexelPath &path, int32_t column, int32_t row) {
-  return path.address + row * path.pitch + ptrdiff_t{column} * F::kBytes;
-}
-
-template <class F>
+template <class F, int VectorBytes>
 BRISAL_INLINE void LoadStored(const TexelPath &path, int n, Words &stored) {
-  uint32_t u = path.u;
-  uint32_t v = path.v;
-  if (path.du == kOneTexel && path.dv == 0) {
-    const uint8_t *first = TexelAt<F>(path, Whole(u), Whole(v));
+  if (IsStraight(path)) {
+    const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
     for (int i = 0; i < n; ++i) stored[i] = F::Load(first + i * F::kBytes);
     return;
   }
-  for (int i = 0; i < n; ++i, u += path.du, v += path.dv) {
-    stored[i] = F::Load(TexelAt<F>(path, Whole(u), Whole(v)));
-  }
+  uint32_t *const to = stored;
+  ForEachTexel<F, VectorBytes>(
+      path, n, [=](int i, const uint8_t *texel) __attribute__((always_inline)) {
+        to[i] = F::Load(texel);
+      });
 }
 
 // The texels and their neighbours, as they are stored: to the right, below, and diagonal. The
@@ -119,7 +110,7 @@ struct Fetch {
     if constexpr (Filtered) {
       LoadNeighbourhood<F>(path, n, around);
     } else {
-      LoadStored<F>(path, n, around.own);
+      LoadStored<F, VectorBytes>(path, n, around.own);
     }
     if constexpr (Compressed) {
       FindRuns(n, around.own, path.storedKey, runs);
@@ -136,45 +127,13 @@ struct Fetch {
   }
 };
 
-template <class F, bool Keyed>
-void CopyTexels(const TexelPath &path, int64_t n, uint8_t *pixels) {
-  uint32_t u = path.u;
-  uint32_t v = path.v;
-  for (int64_t i = 0; i < n; ++i, u += path.du, v += path.dv, pixels += F::kBytes) {
-    const uint32_t stored = F::Load(TexelAt<F>(path, Whole(u), Whole(v)));
-    if constexpr (Keyed) {
-      F::Store(pixels, stored == path.storedKey ? F::Load(pixels) : stored);
-    } else {
-      F::Store(pixels, stored);
-    }
-  }
-}
-
-template <bool Keyed, class... F>
-constexpr std::array<CopyKernel, sizeof...(F)> CopyRow(TypeList<F...>) {
-  return {&CopyTexels<F, Keyed>...};
-}
-
-template <class F>
-bool AreMask(const TexelPath &path, int64_t n) {
-  uint32_t u = path.u;
-  uint32_t v = path.v;
-  for (int64_t i = 0; i < n; ++i, u += path.du, v += path.dv) {
-    if (F::Load(TexelAt<F>(path, Whole(u), Whole(v))) != path.storedKey) return false;
-  }
-  return true;
-}
-
-constexpr std::array kCopyKernels = {CopyRow<false>(Formats{}), CopyRow<true>(Formats{})};
-
 using Fetchers = Kernels<const TexelPath *, int, uint32_t *, TexelRuns *>;
 
 template <bool Filtered, bool Compressed, class F>
 constexpr Fetchers FetcherOf() {
   using Kernel =
       Fetch<std::conditional_t<std::is_same_v<F, Argb32>, Xrgb32, F>, Filtered, Compressed>;
-  if constexpr (Filtered) return Fetchers::Of<Kernel>();
-  return Fetchers::PlainOf<Kernel>();
+  return Fetchers::Of<Kernel>();
 }
 
 template <bool Filtered, bool Compressed, class... F>
@@ -192,15 +151,6 @@ constexpr std::array kFetchKernels = {
 FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed) {
   if (!IsFormat(format)) return nullptr;
   return kFetchKernels[filtered][compressed][static_cast<size_t>(format - 1)].columns[wide];
-}
-
-MaskKernel FindMaskKernel(int32_t format) {
-  return WithFormat(format, MaskKernel{nullptr},
-                    [](auto f) -> MaskKernel { return &AreMask<decltype(f)>; });
-}
-
-CopyKernel FindCopyKernel(int32_t format, bool keyed) {
-  return IsFormat(format) ? kCopyKernels[keyed][static_cast<size_t>(format - 1)] : nullptr;
 }
 
 }  // namespace brisal

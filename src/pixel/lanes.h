@@ -49,6 +49,12 @@ BRISAL_INLINE V Splat(T x) {
   return v;
 }
 
+// 0, 1, 2 ... as many as there are numbers I.
+template <class V, size_t... I>
+BRISAL_INLINE V LaneNumbers(std::index_sequence<I...>) {
+  return V{I...};
+}
+
 template <class V, int Lane, class W, size_t... I>
 BRISAL_INLINE V SplatLaneOf(W lanes, std::index_sequence<I...>) {
   return __builtin_shufflevector(lanes, lanes, (0 * I + Lane)...);

@@ -5,16 +5,11 @@
 #include <type_traits>
 #include <utility>
 
-#include "pixel/fixed_colour.h"
+#include "pixel/fixed_point.h"
 #include "pixel/run.h"
 #include "pixel/triples.h"
 
 namespace brisal {
-
-template <class V, size_t... I>
-BRISAL_INLINE V LaneNumbers(std::index_sequence<I...>) {
-  return V{I...};
-}
 
 // A source whose colour changes linearly along a span.
 template <class F>

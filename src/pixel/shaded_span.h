@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "pixel/fixed_colour.h"
+#include "pixel/fixed_point.h"
 
 namespace brisal {
 

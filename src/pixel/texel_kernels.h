@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/canvas.h"
 #include "core/span.h"
 
 // The stages that texels pass on their way from a texture to a row of the target. They work on
@@ -42,13 +43,15 @@ struct TexelPath {
 using FetchKernel = void (*)(const TexelPath *path, int n, uint32_t *texels, TexelRuns *runs);
 FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed);
 
-// Copies n texels to a target of the same format, as they are stored; keyed, without those that are the
-// mask colour.
-using CopyKernel = void (*)(const TexelPath &path, int64_t n, uint8_t *pixels);
-CopyKernel FindCopyKernel(int32_t format, bool keyed);
+// Copies the texels of spans to a target of the texture's format, as they are stored; keyed, without
+// those that are the mask colour. Where it skips masks, spans of nothing but mask colour are left
+// alone.
+using CopyKernel = void (*)(const TexelPath &texture, const Span *spans, int64_t count,
+                            const Buffer &target, bool skipsMask);
+CopyKernel FindCopyKernel(bool wide, int32_t format, bool keyed);
 
 // Whether all n texels are the mask colour.
-using MaskKernel = bool (*)(const TexelPath &path, int64_t n);
+using MaskKernel = bool (*)(const TexelPath &path, ptrdiff_t n);
 MaskKernel FindMaskKernel(int32_t format);
 
 // The colours of n pixels of a shaded span from the `first` on.

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "core/vertex_list.h"
-#include "pixel/fixed_colour.h"
+#include "pixel/fixed_point.h"
 
 namespace brisal {
 

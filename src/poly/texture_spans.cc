@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "pixel/blit_kernels.h"
 #include "pixel/format.h"
 #include "pixel/span_kernels.h"
 #include "pixel/texel_kernels.h"
@@ -47,26 +46,27 @@ class TexturePainter {
     ramp_ = FindRampKernel(canvas.wide);
     const bool keyed = keepsTarget_ && (compressed || direct);
     // Where gaps are filled, it is with what the texels there are anyway.
-    if (CopiesStored(texture)) {
-      copy_ = FindCopyKernel(texture.format, keyed);
-      copyRow_ = FindBlitKernel(canvas.wide, texture.format, texture.format, keyed ? 1 : 0);
-    }
+    if (CopiesStored(texture)) copy_ = FindCopyKernel(canvas.wide, texture.format, keyed);
   }
 
   bool Draws() const { return pipeline_.outputEffect != 0 && fetch_ && output_; }
 
-  void Draw(const Span &span) {
+  void Draw(const Span *spans, int64_t count) {
+    if (copy_ != nullptr) return copy_(path_, spans, count, canvas_.target, fillsGaps_);
+    for (int64_t i = 0; i < count; ++i) DrawSpan(spans[i]);
+  }
+
+ private:
+  void DrawSpan(const Span &span) {
     const int64_t width = int64_t{span.right} - span.left;
     if (width < 1) return;
     // A span of nothing but mask colour draws nothing, even where gaps are filled with it.
     if (fillsGaps_ && areMask_(PathAt(span, 0), width)) return;
-    if (copy_ != nullptr) return Copy(span, width);
     for (int64_t first = 0; first < width; first += kPiece) {
       DrawPiece(span, first, static_cast<int>(std::min<int64_t>(width - first, kPiece)));
     }
   }
 
- private:
   bool IsDirect(const Surface &texture) const {
     return texture.format == BRSL_FORMAT_X32 && canvas_.target.format == BRSL_FORMAT_X32 &&
            pipeline_.outputEffect == 1 && pipeline_.filterFlag == 0 && EffectCount() == 0;
@@ -77,15 +77,6 @@ class TexturePainter {
     const bool plain = !keepsTarget_ || texture.format != BRSL_FORMAT_A32;
     return plain && texture.format == canvas_.target.format && texture.format != BRSL_FORMAT_555 &&
            OutputOf(texture) == Output::kPlain && pipeline_.filterFlag != 1 && EffectCount() == 0;
-  }
-
-  void Copy(const Span &span, int64_t width) const {
-    const TexelPath path = PathAt(span, 0);
-    uint8_t *pixels = canvas_.target.Row(span.y) + ByteOffset(span.left, pixelBytes_);
-    if (path.du != 0x10000 || path.dv != 0) return copy_(path, width, pixels);
-    const uint8_t *texels =
-        path.address + ByteOffset(span.v >> 16, path.pitch) + ByteOffset(span.u >> 16, pixelBytes_);
-    copyRow_({pixels, 0, texels, 0, static_cast<ptrdiff_t>(width), 1}, path.storedKey);
   }
 
   int EffectCount() const {
@@ -176,7 +167,6 @@ class TexturePainter {
   SpanKernel fillGap_;
   RampKernel ramp_;
   CopyKernel copy_ = nullptr;  // where texels need no stages in between
-  BlitKernel copyRow_ = nullptr;
 };
 
 }  // namespace
@@ -184,8 +174,7 @@ class TexturePainter {
 void DrawTexturedSpans(const Canvas &canvas, const Surface &texture, const Span *spans,
                        int64_t count, const Pipeline &pipeline, GouraudBuffer &gouraud) {
   TexturePainter painter(canvas, texture, pipeline, gouraud);
-  if (!painter.Draws()) return;
-  for (int64_t i = 0; i < count; ++i) painter.Draw(spans[i]);
+  if (painter.Draws()) painter.Draw(spans, count);
 }
 
 }  // namespace brisal

@@ -12,13 +12,13 @@ namespace {
 
 // Textures are mapped corner to corner: a row's coordinates lead to its excluded right end.
 struct TextureRules : EndAtVertex {
-  static constexpr int64_t kOffset = 0;
+  static constexpr uint32_t kOffset = 0;
   static constexpr int64_t kLastPixel = 0;
 };
 
 // Sprites are mapped from the centre of the first texel to the centre of the last.
 struct SpriteRules {
-  static constexpr int64_t kOffset = 0x8000;
+  static constexpr uint32_t kOffset = 0x8000;
   static constexpr int64_t kLastPixel = 1;
 
   // Where both edges end on one row with a width, that row is drawn too.
@@ -29,34 +29,33 @@ struct SpriteRules {
   }
 };
 
-// Texel coordinates in 16.16, and a colour where the pipeline asks for it, carried along an edge. At a
+// Texel coordinates, and a colour where the pipeline asks for it, carried along an edge. At a
 // vertex they carry on from the value reached.
 template <class Rules, bool Shaded>
 struct TexelValues {
   void Start(const VertexList &list, int vertex) {
-    u = Fixed(list.u[vertex]);
-    v = Fixed(list.v[vertex]);
+    texel = Texel(list, vertex);
     colour.Start(list, vertex);
   }
 
   void AimAt(const VertexList &list, int vertex, const Reciprocal &perRow) {
-    du = perRow.Quotient(Fixed(list.u[vertex]) - u);
-    dv = perRow.Quotient(Fixed(list.v[vertex]) - v);
+    step = StepBetween(texel, Texel(list, vertex), perRow);
     colour.AimAt(list, vertex, perRow);
   }
 
   void Advance(int64_t rows) {
-    u += rows * du;
-    v += rows * dv;
+    texel += Times(step, rows);
     colour.Advance(rows);
   }
 
-  static int64_t Fixed(int32_t texel) { return int64_t{texel} * 65536 + Rules::kOffset; }
+  static FixedTexel Texel(const VertexList &list, int vertex) {
+    const FixedTexel whole = {static_cast<uint32_t>(list.u[vertex]),
+                              static_cast<uint32_t>(list.v[vertex])};
+    return (whole << 16) + Rules::kOffset;
+  }
 
-  int64_t u = 0;
-  int64_t v = 0;
-  int64_t du = 0;
-  int64_t dv = 0;
+  FixedTexel texel = {};
+  FixedTexel step = {};
   [[no_unique_address]] std::conditional_t<Shaded, ColourValues, NoValues> colour;
 };
 
@@ -74,13 +73,13 @@ bool MakeSpan(const Viewport &view, bool clip, int64_t y,
   if (left + leftCut >= right - rightCut) return false;
 
   const Reciprocal perPixel(steps);
-  const int64_t du = perPixel.Quotient(r.values.u - l.values.u);
-  const int64_t dv = perPixel.Quotient(r.values.v - l.values.v);
+  const FixedTexel step = StepBetween(l.values.texel, r.values.texel, perPixel);
+  const FixedTexel first = l.values.texel + Times(step, leftCut);
   span->Place(y, left + leftCut, right - rightCut);
-  span->u = static_cast<int32_t>(l.values.u + leftCut * du);
-  span->v = static_cast<int32_t>(l.values.v + leftCut * dv);
-  span->du = static_cast<int32_t>(du);
-  span->dv = static_cast<int32_t>(dv);
+  span->u = static_cast<int32_t>(first[0]);
+  span->v = static_cast<int32_t>(first[1]);
+  span->du = static_cast<int32_t>(step[0]);
+  span->dv = static_cast<int32_t>(step[1]);
   if constexpr (Shaded) {
     FixedColour leftColour = l.values.colour.colour;
     FixedColour rightColour = r.values.colour.colour;

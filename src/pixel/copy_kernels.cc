@@ -1,0 +1,120 @@
+#include <type_traits>
+
+#include "pixel/column.h"
+#include "pixel/pixel_source.h"
+#include "pixel/rules.h"
+#include "pixel/run.h"
+#include "pixel/texel_kernels.h"
+#include "pixel/texel_loads.h"
+
+namespace brisal {
+namespace {
+
+// Leaves out the pixels that are the key. Words are compared whole.
+template <class F>
+struct UnlessKey {
+  static constexpr bool kReadsTarget = true;
+  using Word = std::conditional_t<F::kBytes == 2, uint16_t, uint32_t>;
+  explicit UnlessKey(uint32_t stored) : key(static_cast<Word>(stored)) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    const auto shown = As<Word>(s);
+    return (V)(shown == key ? As<Word>(d) : shown);
+  }
+
+  Word key;
+};
+
+template <class F>
+bool AreMask(const TexelPath &path, ptrdiff_t n) {
+  uint32_t u = path.u;
+  uint32_t v = path.v;
+  for (ptrdiff_t i = 0; i < n; ++i, u += path.du, v += path.dv) {
+    if (F::Load(TexelAt<F>(path, Whole(u), Whole(v))) != path.storedKey) return false;
+  }
+  return true;
+}
+
+template <class F, bool Keyed>
+struct CopySpans {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const TexelPath &texture, const Span *spans, int64_t count,
+                                const Buffer &target, bool skipsMask) {
+    TexelPath path = texture;
+    for (const Span *span = spans; span < spans + count; ++span) {
+      const ptrdiff_t n = Length(*span);
+      if (n < 1) continue;
+      path.u = static_cast<uint32_t>(span->u);
+      path.v = static_cast<uint32_t>(span->v);
+      path.du = static_cast<uint32_t>(span->du);
+      path.dv = static_cast<uint32_t>(span->dv);
+      if (skipsMask && AreMask<F>(path, n)) continue;
+      uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
+      for (ptrdiff_t first = 0; first < n; first += kPiece) {
+        const int piece = static_cast<int>(n - first < kPiece ? n - first : kPiece);
+        CopyPiece<VectorBytes>(path, piece, pixels + first * F::kBytes);
+        path.u += path.du * kPiece;
+        path.v += path.dv * kPiece;
+      }
+    }
+  }
+
+  template <int VectorBytes>
+  BRISAL_INLINE static void CopyPiece(const TexelPath &path, int n, uint8_t *pixels) {
+    if constexpr (Keyed && F::kBytes == 3) {
+      const uint32_t key = path.storedKey;
+      ForEachTexel<F, VectorBytes>(
+          path, n, [=](int i, const uint8_t *texel) __attribute__((always_inline)) {
+            const uint32_t stored = F::Load(texel);
+            if (stored != key) F::Store(pixels + i * F::kBytes, stored);
+          });
+    } else if (IsStraight(path)) {
+      Combine<VectorBytes>(path, n, pixels, TexelAt<F>(path, Whole(path.u), Whole(path.v)));
+    } else if constexpr (Keyed) {
+      uint8_t stored[kPiece * F::kBytes];
+      LoadPiece<VectorBytes>(path, n, stored);
+      Combine<VectorBytes>(path, n, pixels, stored);
+    } else {
+      LoadPiece<VectorBytes>(path, n, pixels);
+    }
+  }
+
+  template <int VectorBytes>
+  BRISAL_INLINE static void LoadPiece(const TexelPath &path, int n, uint8_t *to) {
+    ForEachTexel<F, VectorBytes>(
+        path, n, [to](int i, const uint8_t *texel) __attribute__((always_inline)) {
+          F::Store(to + i * F::kBytes, F::Load(texel));
+        });
+  }
+
+  template <int VectorBytes>
+  BRISAL_INLINE static void Combine(const TexelPath &path, int n, uint8_t *pixels,
+                                    const uint8_t *stored) {
+    const std::conditional_t<Keyed, UnlessKey<F>, Solid<F>> rule(path.storedKey);
+    CombineRun<F, VectorBytes>(pixels, pixels, n, rule, Pixels<F>(stored));
+  }
+};
+
+using Copies = Kernels<const TexelPath &, const Span *, int64_t, const Buffer &, bool>;
+
+template <bool Keyed, class... F>
+constexpr auto CopyRow(TypeList<F...>) {
+  return std::array{Copies::Of<CopySpans<typename FoldAlpha<F, Solid>::type, Keyed>>()...};
+}
+
+constexpr std::array kCopyKernels = {CopyRow<false>(Formats{}), CopyRow<true>(Formats{})};
+
+}  // namespace
+
+CopyKernel FindCopyKernel(bool wide, int32_t format, bool keyed) {
+  if (!IsFormat(format)) return nullptr;
+  return kCopyKernels[keyed][static_cast<size_t>(format - 1)].columns[wide];
+}
+
+MaskKernel FindMaskKernel(int32_t format) {
+  return WithFormat(format, MaskKernel{nullptr},
+                    [](auto f) -> MaskKernel { return &AreMask<decltype(f)>; });
+}
+
+}  // namespace brisal
