@@ -34,8 +34,8 @@ template <class V>
 BRISAL_INLINE V StepBetween(V from, V to, Reciprocal perStep) {
   using Doubles = Vector<double, 2 * sizeof(V)>;
   const auto way = __builtin_convertvector(As<int32_t>(to - from), Doubles);
-  return As<uint32_t>(__builtin_convertvector(way * Splat<Doubles>(perStep.Value()),
-                                              Vector<int32_t, sizeof(V)>));
+  return As<uint32_t>(
+      __builtin_convertvector(way * Splat<Doubles>(perStep.Value()), Vector<int32_t, sizeof(V)>));
 }
 
 template <class V>

@@ -78,6 +78,15 @@ BRISAL_INLINE V HighHalves(V high, V low) {
   }
 }
 
+#if defined(__x86_64__) || defined(__i386__)
+// The words that the lanes of `from` number, of a wide vector. The generic vectors have no name for it
+// that both compilers know.
+[[gnu::target("avx2")]] inline Vector<uint32_t, 32> Permute(Vector<uint32_t, 32> words,
+                                                            Vector<uint32_t, 32> from) {
+  return As<uint32_t>(__builtin_ia32_permvarsi256(As<int32_t>(words), As<int32_t>(from)));
+}
+#endif
+
 template <class V>
 BRISAL_INLINE V Min(V a, V b) {
   return a < b ? a : b;

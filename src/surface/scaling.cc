@@ -1,6 +1,7 @@
 #include "surface/scaling.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "pixel/format.h"
 #include "pixel/texel_kernels.h"
@@ -11,21 +12,30 @@ namespace {
 
 static_assert(kRowPiece <= kPiece);
 
-// Writes the part of a destination's rows that its viewport shows; fill(x, y, n, colours) gives the
-// pixels, piece by piece.
+// The part of a destination that its viewport shows.
+Viewport ShownPart(const Surface &destination) {
+  return {std::max(destination.viewLeft, 0), std::max(destination.viewTop, 0),
+          std::min(destination.viewRight, destination.width),
+          std::min(destination.viewBottom, destination.height)};
+}
+
+// Writes one row of a destination; fill(x, n, colours) gives the pixels, piece by piece.
+template <class FillPiece>
+void FillRow(bool wide, const Buffer &buffer, const Viewport &part, int32_t y, FillPiece fill) {
+  uint32_t colours[kRowPiece];
+  for (int64_t x = part.left; x < part.right; x += kRowPiece) {
+    const int n = static_cast<int>(std::min<int64_t>(part.right - x, kRowPiece));
+    fill(x, n, colours);
+    WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
+  }
+}
+
 template <class FillPiece>
 void FillSurface(bool wide, const Surface &destination, FillPiece fill) {
-  const int64_t left = std::max(destination.viewLeft, 0);
-  const int64_t right = std::min(destination.viewRight, destination.width);
-  const int64_t bottom = std::min(destination.viewBottom, destination.height);
-  const Buffer buffer = BufferOf(destination);
-  uint32_t colours[kRowPiece];
-  for (int64_t y = std::max(destination.viewTop, 0); y < bottom; ++y) {
-    for (int64_t x = left; x < right; x += kRowPiece) {
-      const int n = static_cast<int>(std::min<int64_t>(right - x, kRowPiece));
-      fill(x, y, n, colours);
-      WriteRow(wide, buffer, static_cast<int32_t>(x), static_cast<int32_t>(y), n, colours);
-    }
+  const Viewport part = ShownPart(destination);
+  for (int32_t y = part.top; y < part.bottom; ++y) {
+    FillRow(wide, BufferOf(destination), part, y,
+            [&](int64_t x, int n, uint32_t *colours) { fill(x, y, n, colours); });
   }
 }
 
@@ -84,10 +94,29 @@ class ViewSampler {
         view_(ViewportOf(source)),
         xStep_(xStep),
         yStep_(yStep),
-        fetch_(FindFetchKernel(wide, source.format, false, false)) {
+        fetch_(FindFetchKernel(wide, source.format, false, false)),
+        copy_(FindCopyKernel(wide, source.format, false)) {
     path_.address = static_cast<const uint8_t *>(source.address);
     path_.pitch = source.pitch;
     path_.du = static_cast<uint32_t>(xStep);
+  }
+
+  int64_t RowAt(int64_t y) const { return y * yStep_ >> 16; }
+
+  // Pixels of the same storage need not become colours on the way. False where they must.
+  bool CopyNearest(const Buffer &buffer, const Viewport &part, int32_t y) {
+    const int64_t n = int64_t{part.right} - part.left;
+    if (!StoredAlike(buffer.format) || !Shows(part.left, n, 0) || !view_.ContainsRow(RowAt(y))) {
+      return false;
+    }
+    Span span;
+    span.Place(y, part.left, part.right);
+    span.u = static_cast<int32_t>(part.left * xStep_);
+    span.v = static_cast<int32_t>(y * yStep_);
+    span.du = static_cast<int32_t>(xStep_);
+    span.dv = 0;
+    copy_(path_, &span, 1, buffer, false);
+    return true;
   }
 
   void Nearest(int64_t x, int64_t y, int n, uint32_t *colours) {
@@ -119,9 +148,15 @@ class ViewSampler {
   }
 
  private:
+  // 5:5:5 pixels lose a bit when they are read.
+  bool StoredAlike(int32_t format) const {
+    const bool same = format == source_.format && format != BRSL_FORMAT_555;
+    return same || (BytesPerPixel(format) == 4 && BytesPerPixel(source_.format) == 4);
+  }
+
   // Whether the columns of n pixels, and as many to the right of each, are all in the view, and
   // their coordinates no wider than the fetch takes them.
-  bool Shows(int64_t x, int n, int right) const {
+  bool Shows(int64_t x, int64_t n, int right) const {
     const int64_t last = ((x + n - 1) * xStep_ >> 16) + right;
     return fetch_ != nullptr && source_.width <= kLargestSource &&
            source_.height <= kLargestSource && last < kLargestSource &&
@@ -150,8 +185,28 @@ class ViewSampler {
   int64_t xStep_;
   int64_t yStep_;
   FetchKernel fetch_;
+  CopyKernel copy_;
   TexelPath path_ = {};
 };
+
+// Rows that show the same row of the source are copies of the first of them.
+void ScaleNearest(bool wide, ViewSampler &sampler, const Surface &destination) {
+  const Viewport part = ShownPart(destination);
+  if (part.left >= part.right) return;
+  const Buffer buffer = BufferOf(destination);
+  const int bytesPerPixel = BytesPerPixel(buffer.format);
+  const size_t bytes =
+      static_cast<size_t>(part.right - part.left) * static_cast<size_t>(bytesPerPixel);
+  for (int32_t y = part.top; y < part.bottom; ++y) {
+    if (y > part.top && sampler.RowAt(y) == sampler.RowAt(y - 1)) {
+      const ptrdiff_t first = ByteOffset(part.left, bytesPerPixel);
+      std::memmove(buffer.Row(y) + first, buffer.Row(y - 1) + first, bytes);
+    } else if (!sampler.CopyNearest(buffer, part, y)) {
+      FillRow(wide, buffer, part, y,
+              [&](int64_t x, int n, uint32_t *colours) { sampler.Nearest(x, y, n, colours); });
+    }
+  }
+}
 
 bool IsTransparent(uint32_t colour, int32_t format, uint32_t key) {
   return format == BRSL_FORMAT_A32 ? colour >> 24 != 0xFF : colour == key;
@@ -170,9 +225,7 @@ void ScaleSurface(bool wide, const Surface &source, const Surface &destination, 
   const int64_t yStep = Divide(int64_t{source.height} * 65536, destination.height);
   ViewSampler sampler(wide, source, xStep, yStep);
   if (mode == 0) {
-    FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
-      sampler.Nearest(x, y, n, colours);
-    });
+    ScaleNearest(wide, sampler, destination);
   } else if (mode == 1111) {
     FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
       sampler.Bilinear(x, y, n, colours);
