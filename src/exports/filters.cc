@@ -2,6 +2,7 @@
 
 #include "brisal/brisal.h"
 #include "exports/instance.h"
+#include "surface/map_block.h"
 #include "surface/scaling.h"
 
 using namespace brisal;

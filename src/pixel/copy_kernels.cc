@@ -36,38 +36,6 @@ bool AreMask(const TexelPath &path, ptrdiff_t n) {
   return true;
 }
 
-#if BRISAL_HAS_WIDE
-constexpr int kStretched = 8;
-
-// Whether every eight pixels of the path come from eight neighbours in a row, all within its reach.
-BRISAL_INLINE bool IsStretched(const TexelPath &path, int n) {
-  if (path.dv != 0 || path.du > kOneTexel || n < kStretched) return false;
-  const uint32_t last = path.u + path.du * static_cast<uint32_t>(n - 1);
-  return Whole(last) - Whole(path.u) >= kStretched - 1;
-}
-
-// Eight words from the path at u; the texels read end with the last of the path.
-BRISAL_INLINE void StretchWords(const uint8_t *row, uint32_t u, uint32_t du, int32_t lastBase,
-                                uint8_t *to) {
-  using V = Vector<uint32_t, 32>;
-  const int32_t base = Whole(u) < lastBase ? Whole(u) : lastBase;
-  const V us = Splat<V>(u) + Splat<V>(du) * LaneNumbers<V>(std::make_index_sequence<kStretched>{});
-  const V texels = LoadVector<V>(row + ptrdiff_t{base} * 4);
-  StoreVector(to, Permute(texels, (us >> 16) - static_cast<uint32_t>(base)));
-}
-
-BRISAL_INLINE void CopyStretched(const TexelPath &path, int n, uint8_t *pixels) {
-  const uint8_t *row = path.address + Whole(path.v) * path.pitch;
-  const auto place = [&path](int i) { return path.u + path.du * static_cast<uint32_t>(i); };
-  const int32_t lastBase = Whole(place(n - 1)) - (kStretched - 1);
-  const int last = n - kStretched;
-  for (int i = 0; i < last; i += kStretched) {
-    StretchWords(row, place(i), path.du, lastBase, pixels + ptrdiff_t{i} * 4);
-  }
-  StretchWords(row, place(last), path.du, lastBase, pixels + ptrdiff_t{last} * 4);
-}
-#endif
-
 template <class F, bool Keyed>
 struct CopySpans {
   template <int VectorBytes>
@@ -103,11 +71,6 @@ struct CopySpans {
           });
     } else if (IsStraight(path)) {
       Combine<VectorBytes>(path, n, pixels, TexelAt<F>(path, Whole(path.u), Whole(path.v)));
-#if BRISAL_HAS_WIDE
-    } else if constexpr (!Keyed && F::kBytes == 4 && VectorBytes == 32) {
-      if (IsStretched(path, n)) return CopyStretched(path, n, pixels);
-      LoadPiece<VectorBytes>(path, n, pixels);
-#endif
     } else if constexpr (Keyed) {
       uint8_t stored[kPiece * F::kBytes];
       LoadPiece<VectorBytes>(path, n, stored);
@@ -119,6 +82,9 @@ struct CopySpans {
 
   template <int VectorBytes>
   BRISAL_INLINE static void LoadPiece(const TexelPath &path, int n, uint8_t *to) {
+    if constexpr (F::kBytes == 4) {
+      if (CopiesStretched<VectorBytes>(path, n, to)) return;
+    }
     ForEachTexel<F, VectorBytes>(
         path, n, [to](int i, const uint8_t *texel) __attribute__((always_inline)) {
           F::Store(to + i * F::kBytes, F::Load(texel));

@@ -13,20 +13,6 @@ namespace {
 // of which the compiler makes vectors.
 using Words = uint32_t[kPiece];
 
-template <class F, int VectorBytes>
-BRISAL_INLINE void LoadStored(const TexelPath &path, int n, Words &stored) {
-  if (IsStraight(path)) {
-    const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
-    for (int i = 0; i < n; ++i) stored[i] = F::Load(first + i * F::kBytes);
-    return;
-  }
-  uint32_t *const to = stored;
-  ForEachTexel<F, VectorBytes>(
-      path, n, [=](int i, const uint8_t *texel) __attribute__((always_inline)) {
-        to[i] = F::Load(texel);
-      });
-}
-
 // The texels and their neighbours, as they are stored: to the right, below, and diagonal. The
 // texture's last column and row are repeated.
 struct Neighbourhood {

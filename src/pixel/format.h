@@ -126,7 +126,10 @@ struct Rgb24 {
   using Lane = uint8_t;
 
   static uint32_t Pack(uint32_t colour) { return colour & 0xFFFFFF; }
-  static uint32_t Widen(uint32_t p) { return p; }
+  template <class P>
+  BRISAL_INLINE static P Widen(P p) {
+    return p;
+  }
 
   // Of channels in 16.16, each 0 to 255 before the point. Its low three bytes are the pixel as it
   // lies in memory.
@@ -152,7 +155,10 @@ struct Xrgb32 {
   using Lane = uint8_t;
 
   static uint32_t Pack(uint32_t colour) { return colour; }
-  static uint32_t Widen(uint32_t p) { return p; }
+  template <class P>
+  BRISAL_INLINE static P Widen(P p) {
+    return p;
+  }
 
   // The stored word of channels in 16.16, each 0 to 255 before the point.
   template <class V>

@@ -78,12 +78,18 @@ BRISAL_INLINE V HighHalves(V high, V low) {
   }
 }
 
+// The words that the lanes of `from` number, of a wide vector.
 #if defined(__x86_64__) || defined(__i386__)
-// The words that the lanes of `from` number, of a wide vector. The generic vectors have no name for it
-// that both compilers know.
+// The generic vectors have no name for it that both compilers know.
 [[gnu::target("avx2")]] inline Vector<uint32_t, 32> Permute(Vector<uint32_t, 32> words,
                                                             Vector<uint32_t, 32> from) {
   return As<uint32_t>(__builtin_ia32_permvarsi256(As<int32_t>(words), As<int32_t>(from)));
+}
+#else
+inline Vector<uint32_t, 32> Permute(Vector<uint32_t, 32> words, Vector<uint32_t, 32> from) {
+  Vector<uint32_t, 32> permuted;
+  for (int i = 0; i < 8; ++i) permuted[i] = words[from[i] & 7];
+  return permuted;
 }
 #endif
 

@@ -69,4 +69,52 @@ BRISAL_INLINE void ForEachTexel(const TexelPath &path, int n, Take take) {
   }
 }
 
+// Whether every eight pixels of the path come from eight neighbours in a row, all within its reach.
+constexpr int kStretched = 8;
+
+BRISAL_INLINE bool IsStretched(const TexelPath &path, int n) {
+  if (path.dv != 0 || path.du > kOneTexel || n < kStretched) return false;
+  const uint32_t last = path.u + path.du * static_cast<uint32_t>(n - 1);
+  return Whole(last) - Whole(path.u) >= kStretched - 1;
+}
+
+// Copies a stretched row of words, where the set can permute them. False where it has not.
+template <int VectorBytes>
+BRISAL_INLINE bool CopiesStretched(const TexelPath &path, int n, uint8_t *to) {
+  if constexpr (VectorBytes != 32) return false;
+  if (!IsStretched(path, n)) return false;
+  using V = Vector<uint32_t, 32>;
+  const uint8_t *row = path.address + Whole(path.v) * path.pitch;
+  const int32_t lastBase =
+      Whole(path.u + path.du * static_cast<uint32_t>(n - 1)) - (kStretched - 1);
+  const V ramp = Splat<V>(path.du) * LaneNumbers<V>(std::make_index_sequence<kStretched>{});
+  const int last = n - kStretched;
+  for (int i = 0;; i += kStretched) {
+    if (i > last) i = last;
+    const uint32_t u = path.u + path.du * static_cast<uint32_t>(i);
+    const int32_t base = Whole(u) < lastBase ? Whole(u) : lastBase;
+    const V texels = LoadVector<V>(row + ptrdiff_t{base} * 4);
+    const V from = ((Splat<V>(u) + ramp) >> 16) - static_cast<uint32_t>(base);
+    StoreVector(to + ptrdiff_t{i} * 4, Permute(texels, from));
+    if (i == last) return true;
+  }
+}
+
+// Loads n texels as they are stored.
+template <class F, int VectorBytes>
+BRISAL_INLINE void LoadStored(const TexelPath &path, int n, uint32_t *stored) {
+  if (IsStraight(path)) {
+    const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
+    for (int i = 0; i < n; ++i) stored[i] = F::Load(first + i * F::kBytes);
+    return;
+  }
+  if constexpr (F::kBytes == 4) {
+    if (CopiesStretched<VectorBytes>(path, n, reinterpret_cast<uint8_t *>(stored))) return;
+  }
+  ForEachTexel<F, VectorBytes>(
+      path, n, [stored](int i, const uint8_t *texel) __attribute__((always_inline)) {
+        stored[i] = F::Load(texel);
+      });
+}
+
 }  // namespace brisal

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "pixel/format.h"
+#include "pixel/scale_kernels.h"
 #include "pixel/texel_kernels.h"
 #include "surface/rows.h"
 
@@ -19,74 +20,52 @@ Viewport ShownPart(const Surface &destination) {
           std::min(destination.viewBottom, destination.height)};
 }
 
-// Writes one row of a destination; fill(x, n, colours) gives the pixels, piece by piece.
-template <class FillPiece>
-void FillRow(bool wide, const Buffer &buffer, const Viewport &part, int32_t y, FillPiece fill) {
-  uint32_t colours[kRowPiece];
-  for (int64_t x = part.left; x < part.right; x += kRowPiece) {
-    const int n = static_cast<int>(std::min<int64_t>(part.right - x, kRowPiece));
-    fill(x, n, colours);
-    WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
-  }
-}
-
-template <class FillPiece>
-void FillSurface(bool wide, const Surface &destination, FillPiece fill) {
-  const Viewport part = ShownPart(destination);
-  for (int32_t y = part.top; y < part.bottom; ++y) {
-    FillRow(wide, BufferOf(destination), part, y,
-            [&](int64_t x, int n, uint32_t *colours) { fill(x, y, n, colours); });
-  }
-}
-
 // The most columns or rows that 16.16 coordinates reach.
 constexpr int32_t kLargestSource = 32768;
 
 int32_t Whole(int64_t coordinate) { return static_cast<int32_t>(coordinate >> 16); }
 
-// The four bytes of a colour, each times the weight, in two words of 16-bit lanes.
-struct Weighted {
-  uint32_t even = 0;
-  uint32_t odd = 0;
-
-  void Add(uint32_t colour, uint32_t weight) {
-    even += (colour & 0xFF00FF) * weight;
-    odd += (colour >> 8 & 0xFF00FF) * weight;
+// Calls draw(x, n) for pieces of a row.
+template <class DrawPiece>
+void ForEachPiece(const Viewport &part, DrawPiece draw) {
+  for (int64_t x = part.left; x < part.right; x += kRowPiece) {
+    draw(x, static_cast<int>(std::min<int64_t>(part.right - x, kRowPiece)));
   }
-
-  uint32_t Colour() const { return (even >> 8 & 0xFF00FF) | (odd & 0xFF00FF00); }
-};
-
-// The weights of the four pixels around a place between them, in 256.
-struct Weights {
-  Weights(uint32_t u, uint32_t v) {
-    const uint32_t fx = u >> 8 & 255;
-    const uint32_t fy = v >> 8 & 255;
-    const uint32_t left = (256 - fx) * (256 - fy);
-    const uint32_t right = fx * (256 - fy);
-    topLeft = left >> 8;
-    topRight = right >> 8;
-    bottomRight = (fx * fy) >> 8;
-    bottomLeft = (65536 - left - right - fx * fy) >> 8;
-  }
-
-  uint32_t topLeft;
-  uint32_t topRight;
-  uint32_t bottomRight;
-  uint32_t bottomLeft;
-};
-
-uint32_t Weigh(const Weights &w, uint32_t topLeft, uint32_t topRight, uint32_t bottomRight,
-               uint32_t bottomLeft) {
-  Weighted sum;
-  sum.Add(topLeft, w.topLeft);
-  sum.Add(topRight, w.topRight);
-  sum.Add(bottomRight, w.bottomRight);
-  sum.Add(bottomLeft, w.bottomLeft);
-  return sum.Colour();
 }
 
-// Resamples one destination row after the other from what the source's viewport shows.
+// Two source rows in the columns of a piece, kept from one destination row to the next: stretched
+// pictures show most rows more than once.
+template <class Row>
+class RowPair {
+ public:
+  // The row of that number, which fill(number, row) makes if it is not there; the other one stays.
+  template <class Fill>
+  const Row &Get(int64_t number, int64_t other, Fill fill) {
+    for (int i = 0; i < 2; ++i) {
+      if (number_[i] == number) return rows_[i];
+    }
+    const int i = number_[0] == other ? 1 : 0;
+    number_[i] = number;
+    fill(number, rows_[i]);
+    return rows_[i];
+  }
+
+ private:
+  Row rows_[2];
+  int64_t number_[2] = {INT64_MIN, INT64_MIN};
+};
+
+struct FilteredRow {
+  uint32_t colours[kRowPiece];
+};
+
+// The columns of the pixels, and the ones to the right of them.
+struct ColumnPairs {
+  uint32_t own[kRowPiece];
+  uint32_t right[kRowPiece];
+};
+
+// Reads what the source's viewport shows of it.
 class ViewSampler {
  public:
   ViewSampler(bool wide, const Surface &source, int64_t xStep, int64_t yStep)
@@ -125,25 +104,20 @@ class ViewSampler {
     for (int i = 0; i < n; ++i) colours[i] = Peek(source_, Whole((x + i) * xStep_), Whole(v));
   }
 
-  void Bilinear(int64_t x, int64_t y, int n, uint32_t *colours) {
+  // The columns of n pixels of a source row.
+  void Columns(int64_t x, int n, int64_t row, ColumnPairs &columns) {
     const int64_t u = x * xStep_;
-    const int64_t v = y * yStep_;
-    if (!Shows(x, n, 1) || !view_.ContainsRow(v >> 16)) {
-      for (int i = 0; i < n; ++i) colours[i] = SampleAt((x + i) * xStep_, v);
+    if (Shows(x, n, 1) && view_.ContainsRow(row)) {
+      Fetch(u, row * 65536, n, columns.own);
+      Fetch(u + 65536, row * 65536, n, columns.right);
       return;
     }
-    const int64_t below = std::min<int64_t>((v >> 16) + 1, int64_t{view_.bottom} - 1) << 16;
-    uint32_t topLeft[kRowPiece];
-    uint32_t topRight[kRowPiece];
-    uint32_t bottomRight[kRowPiece];
-    uint32_t bottomLeft[kRowPiece];
-    Fetch(u, v, n, topLeft);
-    Fetch(u + 65536, v, n, topRight);
-    Fetch(u + 65536, below, n, bottomRight);
-    Fetch(u, below, n, bottomLeft);
+    const int32_t y = static_cast<int32_t>(row);
     for (int i = 0; i < n; ++i) {
-      const Weights weights(static_cast<uint32_t>(u + i * xStep_), static_cast<uint32_t>(v));
-      colours[i] = Weigh(weights, topLeft[i], topRight[i], bottomRight[i], bottomLeft[i]);
+      const int32_t column = Whole(u + i * xStep_);
+      columns.own[i] = Peek(source_, column, y);
+      const int64_t right = std::min<int64_t>(column, int64_t{view_.right} - 2) + 1;
+      columns.right[i] = Peek(source_, static_cast<int32_t>(right), y);
     }
   }
 
@@ -170,16 +144,6 @@ class ViewSampler {
     fetch_(&path_, n, colours, &runs);
   }
 
-  uint32_t SampleAt(int64_t u, int64_t v) const {
-    const int32_t x0 = Whole(u);
-    const int32_t y0 = Whole(v);
-    const int32_t x1 = x0 + 1 < view_.right ? x0 + 1 : view_.right - 1;
-    const int32_t y1 = y0 + 1 < view_.bottom ? y0 + 1 : view_.bottom - 1;
-    const Weights weights(static_cast<uint32_t>(u), static_cast<uint32_t>(v));
-    return Weigh(weights, Peek(source_, x0, y0), Peek(source_, x1, y0), Peek(source_, x1, y1),
-                 Peek(source_, x0, y1));
-  }
-
   const Surface &source_;
   Viewport view_;
   int64_t xStep_;
@@ -202,14 +166,66 @@ void ScaleNearest(bool wide, ViewSampler &sampler, const Surface &destination) {
       const ptrdiff_t first = ByteOffset(part.left, bytesPerPixel);
       std::memmove(buffer.Row(y) + first, buffer.Row(y - 1) + first, bytes);
     } else if (!sampler.CopyNearest(buffer, part, y)) {
-      FillRow(wide, buffer, part, y,
-              [&](int64_t x, int n, uint32_t *colours) { sampler.Nearest(x, y, n, colours); });
+      ForEachPiece(part, [&](int64_t x, int n) {
+        uint32_t colours[kRowPiece];
+        sampler.Nearest(x, y, n, colours);
+        WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
+      });
     }
   }
 }
 
-bool IsTransparent(uint32_t colour, int32_t format, uint32_t key) {
-  return format == BRSL_FORMAT_A32 ? colour >> 24 != 0xFF : colour == key;
+void ScaleWeighed(bool wide, ViewSampler &sampler, const Surface &source, int64_t xStep,
+                  int64_t yStep, const Surface &destination) {
+  const Viewport part = ShownPart(destination);
+  const WeighKernel weigh = FindWeighKernel(wide);
+  ForEachPiece(part, [&](int64_t x, int n) {
+    const auto fill = [&](int64_t row, ColumnPairs &columns) {
+      sampler.Columns(x, n, row, columns);
+    };
+    RowPair<ColumnPairs> rows;
+    uint32_t colours[kRowPiece];
+    for (int32_t y = part.top; y < part.bottom; ++y) {
+      const int64_t row = y * yStep >> 16;
+      const int64_t next = std::min<int64_t>(row, int64_t{source.viewBottom} - 2) + 1;
+      const ColumnPairs &top = rows.Get(row, next, fill);
+      const ColumnPairs &bottom = rows.Get(next, row, fill);
+      weigh({top.own, top.right, bottom.own, bottom.right}, static_cast<uint32_t>(x * xStep),
+            static_cast<uint32_t>(xStep), static_cast<uint32_t>(y * yStep), n, colours);
+      WriteRow(wide, BufferOf(destination), static_cast<int32_t>(x), y, n, colours);
+    }
+  });
+}
+
+void ScaleFiltered(bool wide, const Surface &source, int64_t xStep, int64_t yStep,
+                   const Surface &destination) {
+  const RowFilterKernel filter = FindRowFilterKernel(wide, source.format);
+  if (filter == nullptr) return;
+  const RowBlendKernel blend = FindRowBlendKernel(wide);
+  const Viewport part = ShownPart(destination);
+  TexelPath path = {};
+  path.address = static_cast<const uint8_t *>(source.address);
+  path.pitch = source.pitch;
+  path.width = source.width;
+  path.du = static_cast<uint32_t>(xStep);
+  ForEachPiece(part, [&](int64_t x, int n) {
+    path.u = static_cast<uint32_t>(x * xStep);
+    const auto fill = [&](int64_t row, FilteredRow &filtered) {
+      path.v = static_cast<uint32_t>(row << 16);
+      filter(path, n, filtered.colours);
+    };
+    RowPair<FilteredRow> rows;
+    uint32_t colours[kRowPiece];
+    for (int32_t y = part.top; y < part.bottom; ++y) {
+      const int64_t v = y * yStep;
+      const int64_t row = v >> 16;
+      const int64_t next = std::min<int64_t>(row + 1, int64_t{source.height} - 1);
+      const FilteredRow &top = rows.Get(row, next, fill);
+      const FilteredRow &bottom = rows.Get(next, row, fill);
+      blend(top.colours, bottom.colours, static_cast<uint32_t>(v) >> 8 & 255, n, colours);
+      WriteRow(wide, BufferOf(destination), static_cast<int32_t>(x), y, n, colours);
+    }
+  });
 }
 
 bool IsTexture(const Surface &source) {
@@ -224,49 +240,9 @@ void ScaleSurface(bool wide, const Surface &source, const Surface &destination, 
   const int64_t xStep = Divide(int64_t{source.width} * 65536, destination.width);
   const int64_t yStep = Divide(int64_t{source.height} * 65536, destination.height);
   ViewSampler sampler(wide, source, xStep, yStep);
-  if (mode == 0) {
-    ScaleNearest(wide, sampler, destination);
-  } else if (mode == 1111) {
-    FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
-      sampler.Bilinear(x, y, n, colours);
-    });
-  } else if (mode == 1 && IsTexture(source)) {
-    const FetchKernel fetch = FindFetchKernel(wide, source.format, true, false);
-    if (fetch == nullptr) return;
-    TexelPath path = {};
-    path.address = static_cast<const uint8_t *>(source.address);
-    path.pitch = source.pitch;
-    path.width = source.width;
-    path.height = source.height;
-    path.du = static_cast<uint32_t>(xStep);
-    FillSurface(wide, destination, [&](int64_t x, int64_t y, int n, uint32_t *colours) {
-      path.u = static_cast<uint32_t>(x * xStep);
-      path.v = static_cast<uint32_t>(y * yStep);
-      TexelRuns runs;
-      fetch(&path, n, colours, &runs);
-    });
-  }
-}
-
-bool CopyMapBlock(bool wide, const Surface &source, const Block &block, const Surface &destination,
-                  int32_t x, int32_t y, uint32_t *rowBuffer, uint32_t maskColour) {
-  const int64_t width = int64_t{block.right} - block.left;
-  if (width < 1 || rowBuffer == nullptr || !IsFormat(source.format)) return false;
-  const uint32_t key = MaskAsColour(maskColour, source.format);
-  const int64_t first = std::max<int64_t>(-int64_t{x}, 0);
-  const int64_t last = std::min<int64_t>(int64_t{destination.width} - x, width);
-  bool transparent = false;
-  for (int64_t row = block.top; row < block.bottom; ++row) {
-    ReadRow(wide, BufferOf(source), block.left, static_cast<int32_t>(row), width, rowBuffer);
-    for (int64_t i = 0; i < width && !transparent; ++i) {
-      transparent = IsTransparent(rowBuffer[i], source.format, key);
-    }
-    const int64_t to = y + (row - block.top);
-    if (to < 0 || to >= destination.height || first >= last) continue;
-    WriteRow(wide, BufferOf(destination), static_cast<int32_t>(x + first), static_cast<int32_t>(to),
-             last - first, rowBuffer + first);
-  }
-  return transparent;
+  if (mode == 0) ScaleNearest(wide, sampler, destination);
+  if (mode == 1 && IsTexture(source)) ScaleFiltered(wide, source, xStep, yStep, destination);
+  if (mode == 1111) ScaleWeighed(wide, sampler, source, xStep, yStep, destination);
 }
 
 }  // namespace brisal

@@ -1,0 +1,154 @@
+#include "pixel/scale_kernels.h"
+
+#include <array>
+#include <utility>
+
+#include "pixel/column.h"
+#include "pixel/pixel_source.h"
+#include "pixel/rules.h"
+#include "pixel/run.h"
+#include "pixel/texel_loads.h"
+
+namespace brisal {
+namespace {
+
+BRISAL_INLINE const uint8_t *Bytes(const uint32_t *colours) {
+  return reinterpret_cast<const uint8_t *>(colours);
+}
+
+BRISAL_INLINE uint8_t *Bytes(uint32_t *colours) { return reinterpret_cast<uint8_t *>(colours); }
+
+// The weights of right-hand neighbours in a vector of words, and what a row's step between vectors is.
+template <class V>
+struct Fractions {
+  static constexpr uint32_t kLanes = sizeof(V) / 4;
+
+  BRISAL_INLINE Fractions(uint32_t u, uint32_t du)
+      : place(Splat<V>(u) + Splat<V>(du) * LaneNumbers<V>(std::make_index_sequence<kLanes>{})),
+        step(Splat<V>(du * kLanes)) {}
+
+  BRISAL_INLINE V Get() const { return (place >> 8) & 255u; }
+  BRISAL_INLINE void Advance() { place += step; }
+
+  V place;
+  V step;
+};
+
+// A weight for both halves of each word.
+template <class V>
+BRISAL_INLINE auto InHalves(V weight) {
+  return As<uint16_t>(weight | weight << 16);
+}
+
+// Sums of the bytes of colours times weights that add up to 256 at most, in 16-bit lanes.
+template <class H>
+struct WeighedBytes {
+  template <class V>
+  BRISAL_INLINE void Add(V colours, V weight) {
+    const H halves = As<uint16_t>(colours);
+    even += (halves & 0xFF) * InHalves(weight);
+    odd += (halves >> 8) * InHalves(weight);
+  }
+
+  BRISAL_INLINE auto Colours() const { return As<uint32_t>((even >> 8) | (odd & 0xFF00)); }
+
+  H even = {};
+  H odd = {};
+};
+
+template <class F>
+struct FilterRow {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const TexelPath &given, int n, uint32_t *colours) {
+    const TexelPath path = given;
+    uint32_t own[kPiece];
+    uint32_t right[kPiece];
+    LoadStored<F, VectorBytes>(path, n, own);
+    LoadRight<VectorBytes>(path, n, own, right);
+    using V = Vector<uint32_t, VectorBytes>;
+    Fractions<V> fractions(path.u, path.du);
+    for (int i = 0; i < n; i += VectorBytes / 4, fractions.Advance()) {
+      const V weight = fractions.Get();
+      WeighedBytes<Vector<uint16_t, VectorBytes>> sum;
+      sum.Add(F::Widen(LoadVector<V>(Bytes(own + i))), 256 - weight);
+      sum.Add(F::Widen(LoadVector<V>(Bytes(right + i))), weight);
+      StoreVector(Bytes(colours + i), sum.Colours());
+    }
+  }
+
+  template <int VectorBytes>
+  BRISAL_INLINE static void LoadRight(TexelPath path, int n, const uint32_t *own, uint32_t *right) {
+    int inside = n;
+    while (inside > 0 &&
+           Whole(path.u + path.du * static_cast<uint32_t>(inside - 1)) + 1 >= path.width) {
+      --inside;
+    }
+    path.u += kOneTexel;
+    if (inside > 0) LoadStored<F, VectorBytes>(path, inside, right);
+    for (int i = inside; i < n; ++i) right[i] = own[i];
+  }
+};
+
+struct BlendRows {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const uint32_t *top, const uint32_t *bottom, uint32_t weight, int n,
+                                uint32_t *colours) {
+    CombineRun<Texel32, VectorBytes>(Bytes(colours), Bytes(top), n, Alpha<Texel32>(weight),
+                                     Pixels<Texel32>(Bytes(bottom)));
+  }
+};
+
+struct WeighNeighbours {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const Neighbours &around, uint32_t u, uint32_t du, uint32_t v,
+                                int n, uint32_t *colours) {
+    using V = Vector<uint32_t, VectorBytes>;
+    using H = Vector<uint16_t, VectorBytes>;
+    const uint32_t below = v >> 8 & 255;
+    const H above = Splat<H>(static_cast<uint16_t>(256 - below));
+    Fractions<V> fractions(u, du);
+    for (int i = 0; i < n; i += VectorBytes / 4, fractions.Advance()) {
+      // The four products add up to 65536; each loses its low byte for itself.
+      const V fraction = fractions.Get();
+      const V topRight = As<uint32_t>(As<uint16_t>(fraction) * above);
+      const V topLeft = 256 * (256 - below) - topRight;
+      const V bottomRight = fraction * 256 - topRight;
+      const V bottomLeft = 65536 - topLeft - topRight - bottomRight;
+      WeighedBytes<H> sum;
+      sum.Add(LoadVector<V>(Bytes(around.topLeft + i)), topLeft >> 8);
+      sum.Add(LoadVector<V>(Bytes(around.topRight + i)), topRight >> 8);
+      sum.Add(LoadVector<V>(Bytes(around.bottomRight + i)), bottomRight >> 8);
+      sum.Add(LoadVector<V>(Bytes(around.bottomLeft + i)), bottomLeft >> 8);
+      StoreVector(Bytes(colours + i), sum.Colours());
+    }
+  }
+};
+
+using RowFilters = Kernels<const TexelPath &, int, uint32_t *>;
+
+template <class... F>
+constexpr std::array<RowFilters, sizeof...(F)> FilterRowOf(TypeList<F...>) {
+  return {RowFilters::Of<FilterRow<typename FoldAlpha<F, Solid>::type>>()...};
+}
+
+constexpr std::array kRowFilters = FilterRowOf(Formats{});
+
+}  // namespace
+
+RowFilterKernel FindRowFilterKernel(bool wide, int32_t format) {
+  if (!IsFormat(format)) return nullptr;
+  return kRowFilters[static_cast<size_t>(format - 1)].columns[wide];
+}
+
+RowBlendKernel FindRowBlendKernel(bool wide) {
+  return Kernels<const uint32_t *, const uint32_t *, uint32_t, int, uint32_t *>::Of<BlendRows>()
+      .columns[wide];
+}
+
+WeighKernel FindWeighKernel(bool wide) {
+  return Kernels<const Neighbours &, uint32_t, uint32_t, uint32_t, int,
+                 uint32_t *>::Of<WeighNeighbours>()
+      .columns[wide];
+}
+
+}  // namespace brisal
