@@ -36,51 +36,98 @@ struct GreyColours {
   }
 };
 
+// Sums of bytes, those at even and those at odd places, in 16-bit lanes: two for each pixel.
+constexpr int kBlurPiece = 64;
+constexpr int kMargin = 2 * kBlurStep;  // for a pixel more at either end
+struct ColumnSums {
+  uint16_t even[2 * kBlurPiece + 2 * kMargin];
+  uint16_t odd[2 * kBlurPiece + 2 * kMargin];
+};
+
 // One piece of a row at a time: sums down the columns first, then across.
 struct BlurColours {
-  static constexpr int kBlurPiece = 64;
-
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const BlurRows *given) {
     const BlurRows blur = *given;
     for (int64_t x = 0; x < blur.width; x += kBlurPiece) {
       const int64_t rest = blur.width - x;
-      DrawPiece(blur, x, static_cast<int>(rest < kBlurPiece ? rest : kBlurPiece));
+      DrawPiece<VectorBytes>(blur, x, static_cast<int>(rest < kBlurPiece ? rest : kBlurPiece));
     }
   }
 
+  template <int VectorBytes>
   BRISAL_INLINE static void DrawPiece(const BlurRows &blur, int64_t x, int n) {
-    // A pixel more at either end; beyond the row its last pixel counts again.
-    uint16_t columns[4 * (kBlurPiece + 2)];
-    const int first = x == 0 ? 0 : -1;
-    const int last = x + n == blur.width ? n : n + 1;
-    SumColumns(blur, x, first, last, columns + 4);
-    if (first == 0) std::memcpy(columns, columns + 4, 4 * sizeof columns[0]);
-    if (last == n) std::memcpy(columns + 4 * (n + 1), columns + 4 * n, 4 * sizeof columns[0]);
-
-    uint8_t *out = reinterpret_cast<uint8_t *>(blur.out + x);
-    if (blur.factor != 0) {
-      for (int i = 0; i < 4 * n; ++i) {
-        const uint16_t sum = static_cast<uint16_t>(columns[i] + columns[i + 4] + columns[i + 8]);
-        const uint32_t part = sum * blur.factor >> 16;
-        out[i] = static_cast<uint8_t>(part < 255 ? part : 255);
-      }
-      return;
+    ColumnSums sums;
+    using H = Vector<uint16_t, VectorBytes>;
+    const auto add = [&](int pixel, auto lanes) __attribute__((always_inline)) {
+      using V = decltype(lanes);
+      const V above = At<V>(blur.rows[0], x + pixel);
+      const V own = At<V>(blur.rows[1], x + pixel);
+      const V below = At<V>(blur.rows[2], x + pixel);
+      Put<V>(sums.even, pixel, (above & 0xFF) + (own & 0xFF) + (below & 0xFF));
+      Put<V>(sums.odd, pixel, (above >> 8) + (own >> 8) + (below >> 8));
+    };
+    static_assert(VectorBytes / 4 <= kBlurStep && kBlurPiece % kBlurStep == 0);
+    for (int i = 0; i < n; i += VectorBytes / 4) add(i, H{});
+    // Beyond the row its last pixel counts again.
+    using Pixel = Vector<uint16_t, 4>;
+    const bool first = x == 0;
+    const bool last = x + n == blur.width;
+    if (!first) add(-1, Pixel{});
+    if (!last) add(n, Pixel{});
+    for (uint16_t *columns : {sums.even, sums.odd}) {
+      if (first) Put<Pixel>(columns, -1, Take<Pixel>(columns, 0));
+      if (last) Put<Pixel>(columns, n, Take<Pixel>(columns, n - 1));
     }
-    for (int i = 0; i < 4 * n; ++i)
-      out[i] = blur.table[columns[i] + columns[i + 4] + columns[i + 8]];
+    if (blur.factor != 0) {
+      Multiply<H>(sums, static_cast<uint16_t>(blur.factor), n, blur.out + x);
+    } else {
+      LookUp(sums, blur.table, n, reinterpret_cast<uint8_t *>(blur.out + x));
+    }
   }
 
-  BRISAL_INLINE static void SumColumns(const BlurRows &blur, int64_t x, int first, int last,
-                                       uint16_t *columns) {
-    const auto bytes = [x](const uint32_t *row) __attribute__((always_inline)) {
-      return reinterpret_cast<const uint8_t *>(row + x);
-    };
-    const uint8_t *above = bytes(blur.rows[0]);
-    const uint8_t *own = bytes(blur.rows[1]);
-    const uint8_t *below = bytes(blur.rows[2]);
-    for (int i = 4 * first; i < 4 * last; ++i) {
-      columns[i] = static_cast<uint16_t>(above[i] + own[i] + below[i]);
+  template <class V>
+  BRISAL_INLINE static V At(const uint32_t *row, int64_t pixel) {
+    return LoadVector<V>(reinterpret_cast<const uint8_t *>(row + pixel));
+  }
+
+  template <class V>
+  BRISAL_INLINE static V Take(const uint16_t *columns, int pixel) {
+    return LoadVector<V>(reinterpret_cast<const uint8_t *>(columns + kMargin + 2 * pixel));
+  }
+
+  template <class V>
+  BRISAL_INLINE static void Put(uint16_t *columns, int pixel, V v) {
+    StoreVector(reinterpret_cast<uint8_t *>(columns + kMargin + 2 * pixel), v);
+  }
+
+  template <class V>
+  BRISAL_INLINE static V Across(const uint16_t *columns, int pixel) {
+    return Take<V>(columns, pixel - 1) + Take<V>(columns, pixel) + Take<V>(columns, pixel + 1);
+  }
+
+  template <class V>
+  BRISAL_INLINE static void Multiply(const ColumnSums &sums, uint16_t factor, int n,
+                                     uint32_t *out) {
+    const V factors = Splat<V>(factor);
+    const V most = Splat<V>(static_cast<uint16_t>(255));
+    for (int i = 0; i < n; i += static_cast<int>(sizeof(V) / 4)) {
+      const V even = Least(HighProduct(Across<V>(sums.even, i), factors), most);
+      const V odd = Least(HighProduct(Across<V>(sums.odd, i), factors), most);
+      StoreVector(reinterpret_cast<uint8_t *>(out + i), even | odd << 8);
+    }
+  }
+
+  BRISAL_INLINE static void LookUp(const ColumnSums &sums, const uint8_t *table, int n,
+                                   uint8_t *out) {
+    using Pixel = Vector<uint16_t, 4>;
+    for (int i = 0; i < n; ++i) {
+      const Pixel even = Across<Pixel>(sums.even, i);
+      const Pixel odd = Across<Pixel>(sums.odd, i);
+      for (const int part : {0, 1}) {
+        out[4 * i + 2 * part] = table[even[part]];
+        out[4 * i + 2 * part + 1] = table[odd[part]];
+      }
     }
   }
 };

@@ -78,18 +78,36 @@ BRISAL_INLINE V HighHalves(V high, V low) {
   }
 }
 
-// The words that the lanes of `from` number, of a wide vector.
+// What the generic vectors have no name for: the words that the lanes of `from` number, and the high
+// halves of products of 16-bit lanes.
 #if defined(__x86_64__) || defined(__i386__)
-// The generic vectors have no name for it that both compilers know.
 [[gnu::target("avx2")]] inline Vector<uint32_t, 32> Permute(Vector<uint32_t, 32> words,
                                                             Vector<uint32_t, 32> from) {
   return As<uint32_t>(__builtin_ia32_permvarsi256(As<int32_t>(words), As<int32_t>(from)));
 }
+
+[[gnu::target("avx2")]] inline Vector<uint16_t, 32> HighProduct(Vector<uint16_t, 32> a,
+                                                                Vector<uint16_t, 32> b) {
+  return As<uint16_t>(__builtin_ia32_pmulhuw256(As<int16_t>(a), As<int16_t>(b)));
+}
+
+[[gnu::target("sse2")]] inline Vector<uint16_t, 16> HighProduct(Vector<uint16_t, 16> a,
+                                                                Vector<uint16_t, 16> b) {
+  return As<uint16_t>(__builtin_ia32_pmulhuw128(As<int16_t>(a), As<int16_t>(b)));
+}
 #else
-inline Vector<uint32_t, 32> Permute(Vector<uint32_t, 32> words, Vector<uint32_t, 32> from) {
-  Vector<uint32_t, 32> permuted;
-  for (int i = 0; i < 8; ++i) permuted[i] = words[from[i] & 7];
+template <class V>
+BRISAL_INLINE V Permute(V words, V from) {
+  V permuted;
+  for (size_t i = 0; i < sizeof(V) / 4; ++i) permuted[i] = words[from[i] % (sizeof(V) / 4)];
   return permuted;
+}
+
+template <class V>
+BRISAL_INLINE V HighProduct(V a, V b) {
+  for (size_t i = 0; i < sizeof(V) / 2; ++i)
+    a[i] = static_cast<uint16_t>((a[i] * uint32_t{b[i]}) >> 16);
+  return a;
 }
 #endif
 

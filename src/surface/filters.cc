@@ -48,31 +48,35 @@ void Blur(bool wide, const Surface &surface, float divisor) {
   const int64_t width = int64_t{surface.viewRight} - surface.viewLeft;
   const int64_t height = int64_t{surface.viewBottom} - surface.viewTop;
   if (width < 1 || height < 1) return;
-  // One row more than the copy, for the result.
-  const uint64_t pixels = static_cast<uint64_t>(width) * static_cast<uint64_t>(height + 1);
-  if (pixels / static_cast<uint64_t>(width) != static_cast<uint64_t>(height + 1)) return;
+  // Three rows as they were, and the result.
+  const int64_t step = (width + kBlurStep - 1) / kBlurStep * kBlurStep;
+  const uint64_t pixels = 4 * static_cast<uint64_t>(step);
   if (pixels > SIZE_MAX / sizeof(uint32_t)) return;
-  auto *copy = static_cast<uint32_t *>(std::malloc(static_cast<size_t>(pixels) * sizeof(uint32_t)));
-  if (copy == nullptr) return;
+  auto *rows = static_cast<uint32_t *>(std::malloc(static_cast<size_t>(pixels) * sizeof(uint32_t)));
+  if (rows == nullptr) return;
 
   const Buffer buffer = BufferOf(surface);
-  const auto row = [&](int64_t y) { return static_cast<int32_t>(surface.viewTop + y); };
-  for (int64_t y = 0; y < height; ++y) {
-    ReadRow(wide, buffer, surface.viewLeft, row(y), width, copy + y * width);
-  }
+  const auto kept = [&](int64_t y) { return rows + y % 3 * step; };
+  const auto read = [&](int64_t y) {
+    ReadRow(wide, buffer, surface.viewLeft, static_cast<int32_t>(surface.viewTop + y), width,
+            kept(y));
+  };
   uint8_t table[kBlurEntries];
   FillBlurTable(divisor, table);
   const uint32_t factor = BlurFactor(std::min(divisor, 255.0f), table);
-  uint32_t *result = copy + height * width;
+  uint32_t *result = rows + 3 * step;
   const BlurKernel kernel = FindBlurKernel(wide);
+  read(0);
   for (int64_t y = 0; y < height; ++y) {
-    const uint32_t *above = copy + std::max<int64_t>(y - 1, 0) * width;
-    const uint32_t *below = copy + std::min<int64_t>(y + 1, height - 1) * width;
-    const BlurRows blur = {{above, copy + y * width, below}, result, width, table, factor};
+    const int64_t next = std::min<int64_t>(y + 1, height - 1);
+    if (next > y) read(next);
+    const BlurRows blur = {
+        {kept(std::max<int64_t>(y - 1, 0)), kept(y), kept(next)}, result, width, table, factor};
     kernel(&blur);
-    WriteRow(wide, buffer, surface.viewLeft, row(y), width, result);
+    WriteRow(wide, buffer, surface.viewLeft, static_cast<int32_t>(surface.viewTop + y), width,
+             result);
   }
-  std::free(copy);
+  std::free(rows);
 }
 
 void Fade(bool wide, const Surface &surface, int32_t percent) {
