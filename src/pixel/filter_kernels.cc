@@ -112,9 +112,11 @@ struct BlurColours {
     const V factors = Splat<V>(factor);
     const V most = Splat<V>(static_cast<uint16_t>(255));
     for (int i = 0; i < n; i += static_cast<int>(sizeof(V) / 4)) {
-      const V even = Least(HighProduct(Across<V>(sums.even, i), factors), most);
-      const V odd = Least(HighProduct(Across<V>(sums.odd, i), factors), most);
-      StoreVector(reinterpret_cast<uint8_t *>(out + i), even | odd << 8);
+      V even;
+      V odd;
+      MultiplyHigh(Across<V>(sums.even, i), factors, even);
+      MultiplyHigh(Across<V>(sums.odd, i), factors, odd);
+      StoreVector(reinterpret_cast<uint8_t *>(out + i), Least(even, most) | Least(odd, most) << 8);
     }
   }
 

@@ -79,35 +79,40 @@ BRISAL_INLINE V HighHalves(V high, V low) {
 }
 
 // What the generic vectors have no name for: the words that the lanes of `from` number, and the high
-// halves of products of 16-bit lanes.
+// halves of products of 16-bit lanes. By reference, since vectors of a set that the caller may lack have
+// no agreed way of being passed; inlined, that makes no difference.
 #if defined(__x86_64__) || defined(__i386__)
-[[gnu::target("avx2")]] inline Vector<uint32_t, 32> Permute(Vector<uint32_t, 32> words,
-                                                            Vector<uint32_t, 32> from) {
-  return As<uint32_t>(__builtin_ia32_permvarsi256(As<int32_t>(words), As<int32_t>(from)));
+[[gnu::target("avx2")]] inline void Permute(const Vector<uint32_t, 32> &words,
+                                            const Vector<uint32_t, 32> &from,
+                                            Vector<uint32_t, 32> &permuted) {
+  using Signed = Vector<int32_t, 32>;
+  permuted = (Vector<uint32_t, 32>)__builtin_ia32_permvarsi256((Signed)words, (Signed)from);
 }
 
-[[gnu::target("avx2")]] inline Vector<uint16_t, 32> HighProduct(Vector<uint16_t, 32> a,
-                                                                Vector<uint16_t, 32> b) {
-  return As<uint16_t>(__builtin_ia32_pmulhuw256(As<int16_t>(a), As<int16_t>(b)));
+[[gnu::target("avx2")]] inline void MultiplyHigh(const Vector<uint16_t, 32> &a,
+                                                 const Vector<uint16_t, 32> &b,
+                                                 Vector<uint16_t, 32> &high) {
+  using Signed = Vector<int16_t, 32>;
+  high = (Vector<uint16_t, 32>)__builtin_ia32_pmulhuw256((Signed)a, (Signed)b);
 }
 
-[[gnu::target("sse2")]] inline Vector<uint16_t, 16> HighProduct(Vector<uint16_t, 16> a,
-                                                                Vector<uint16_t, 16> b) {
-  return As<uint16_t>(__builtin_ia32_pmulhuw128(As<int16_t>(a), As<int16_t>(b)));
+[[gnu::target("sse2")]] inline void MultiplyHigh(const Vector<uint16_t, 16> &a,
+                                                 const Vector<uint16_t, 16> &b,
+                                                 Vector<uint16_t, 16> &high) {
+  using Signed = Vector<int16_t, 16>;
+  high = (Vector<uint16_t, 16>)__builtin_ia32_pmulhuw128((Signed)a, (Signed)b);
 }
 #else
 template <class V>
-BRISAL_INLINE V Permute(V words, V from) {
-  V permuted;
+BRISAL_INLINE void Permute(const V &words, const V &from, V &permuted) {
   for (size_t i = 0; i < sizeof(V) / 4; ++i) permuted[i] = words[from[i] % (sizeof(V) / 4)];
-  return permuted;
 }
 
 template <class V>
-BRISAL_INLINE V HighProduct(V a, V b) {
-  for (size_t i = 0; i < sizeof(V) / 2; ++i)
-    a[i] = static_cast<uint16_t>((a[i] * uint32_t{b[i]}) >> 16);
-  return a;
+BRISAL_INLINE void MultiplyHigh(const V &a, const V &b, V &high) {
+  for (size_t i = 0; i < sizeof(V) / 2; ++i) {
+    high[i] = static_cast<uint16_t>((uint32_t{a[i]} * b[i]) >> 16);
+  }
 }
 #endif
 

@@ -95,7 +95,9 @@ BRISAL_INLINE bool CopiesStretched(const TexelPath &path, int n, uint8_t *to) {
     const int32_t base = Whole(u) < lastBase ? Whole(u) : lastBase;
     const V texels = LoadVector<V>(row + ptrdiff_t{base} * 4);
     const V from = ((Splat<V>(u) + ramp) >> 16) - static_cast<uint32_t>(base);
-    StoreVector(to + ptrdiff_t{i} * 4, Permute(texels, from));
+    V permuted;
+    Permute(texels, from, permuted);
+    StoreVector(to + ptrdiff_t{i} * 4, permuted);
     if (i == last) return true;
   }
 }

@@ -17,7 +17,8 @@ void DrawRectangle(const Canvas &canvas, const Span &first, int64_t rows, uint32
                    int32_t mode);
 
 // Combines spans whose colours run change from end to end.
-void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t count, int32_t mode);
+void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t count,
+                         int32_t mode);
 
 // One run of pixels by the strip's own choice of modes.
 void DrawStrip(const Canvas &canvas, int32_t y, int64_t x1, int64_t x2, uint32_t packed,
