@@ -42,6 +42,12 @@ struct Kernels {
 #endif
   }
 
+  // For kernels that wider vectors do nothing for.
+  template <class Kernel>
+  static constexpr Kernels PlainOf() {
+    return {{&RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>}};
+  }
+
   Function columns[2];
 };
 
