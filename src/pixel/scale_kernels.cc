@@ -92,8 +92,8 @@ struct FilterRow {
 struct BlendRows {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const uint32_t *top, const uint32_t *bottom, uint32_t weight, int n,
-                                uint32_t *colours) {
-    CombineRun<Texel32, VectorBytes>(Bytes(colours), Bytes(top), n, Alpha<Texel32>(weight),
+                                uint8_t *colours) {
+    CombineRun<Texel32, VectorBytes>(colours, Bytes(top), n, Alpha<Texel32>(weight),
                                      Pixels<Texel32>(Bytes(bottom)));
   }
 };
@@ -141,7 +141,7 @@ RowFilterKernel FindRowFilterKernel(bool wide, int32_t format) {
 }
 
 RowBlendKernel FindRowBlendKernel(bool wide) {
-  return Kernels<const uint32_t *, const uint32_t *, uint32_t, int, uint32_t *>::Of<BlendRows>()
+  return Kernels<const uint32_t *, const uint32_t *, uint32_t, int, uint8_t *>::Of<BlendRows>()
       .columns[wide];
 }
 

@@ -14,9 +14,9 @@ namespace brisal {
 using RowFilterKernel = void (*)(const TexelPath &path, int n, uint32_t *colours);
 RowFilterKernel FindRowFilterKernel(bool wide, int32_t format);
 
-// Blends n colours from one row to the other, every byte, by a weight of 0 to 255 in 256.
+// Blends exactly n colours from one row to the other, every byte, by a weight of 0 to 255 in 256.
 using RowBlendKernel = void (*)(const uint32_t *top, const uint32_t *bottom, uint32_t weight, int n,
-                                uint32_t *colours);
+                                uint8_t *colours);
 RowBlendKernel FindRowBlendKernel(bool wide);
 
 // For each pixel the columns at it and to its right, in two rows.

@@ -202,6 +202,8 @@ void ScaleFiltered(bool wide, const Surface &source, int64_t xStep, int64_t ySte
   const RowFilterKernel filter = FindRowFilterKernel(wide, source.format);
   if (filter == nullptr) return;
   const RowBlendKernel blend = FindRowBlendKernel(wide);
+  const Buffer buffer = BufferOf(destination);
+  const bool inPlace = BytesPerPixel(buffer.format) == 4;  // pixels are colours
   const Viewport part = ShownPart(destination);
   TexelPath path = {};
   path.address = static_cast<const uint8_t *>(source.address);
@@ -220,10 +222,15 @@ void ScaleFiltered(bool wide, const Surface &source, int64_t xStep, int64_t ySte
       const int64_t v = y * yStep;
       const int64_t row = v >> 16;
       const int64_t next = std::min<int64_t>(row + 1, int64_t{source.height} - 1);
-      const FilteredRow &top = rows.Get(row, next, fill);
-      const FilteredRow &bottom = rows.Get(next, row, fill);
-      blend(top.colours, bottom.colours, static_cast<uint32_t>(v) >> 8 & 255, n, colours);
-      WriteRow(wide, BufferOf(destination), static_cast<int32_t>(x), y, n, colours);
+      const uint32_t *top = rows.Get(row, next, fill).colours;
+      const uint32_t *bottom = rows.Get(next, row, fill).colours;
+      const uint32_t weight = static_cast<uint32_t>(v) >> 8 & 255;
+      if (inPlace) {
+        blend(top, bottom, weight, n, buffer.Row(y) + ByteOffset(x, 4));
+        continue;
+      }
+      blend(top, bottom, weight, n, reinterpret_cast<uint8_t *>(colours));
+      WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
     }
   });
 }
