@@ -24,6 +24,10 @@ NewFile::NewFile(const fs::path &path)
     : path_(path), temporary_(path.parent_path() / TemporaryName()) {
   std::error_code ignored;
   if (fs::is_directory(path, ignored)) throw SystemError(path, "cannot be written", EISDIR);
+  // A device or a pipe would give its name to the new file and be gone.
+  if (fs::exists(path, ignored) && !fs::is_regular_file(path, ignored)) {
+    throw Error(path.string() + ": cannot be written: not a regular file");
+  }
   stream_ = std::fopen(temporary_.c_str(), "wbx");
   if (!stream_) throw SystemError(path, "cannot be written", errno);
 }
