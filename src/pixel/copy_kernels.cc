@@ -38,6 +38,9 @@ bool AreMask(const TexelPath &path, ptrdiff_t n) {
 
 template <class F, bool Keyed>
 struct CopySpans {
+  // The key is not looked for in vectors of three-byte pixels.
+  static constexpr bool kCombines = !Keyed || F::kBytes != 3;
+
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const TexelPath &texture, const Span *spans, int64_t count,
                                 const Buffer &target, bool skipsMask) {
@@ -51,6 +54,12 @@ struct CopySpans {
       path.dv = static_cast<uint32_t>(span->dv);
       if (skipsMask && AreMask<F>(path, n)) continue;
       uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
+      if constexpr (kCombines) {
+        if (IsStraight(path)) {
+          Combine<VectorBytes>(path, n, pixels, TexelAt<F>(path, Whole(path.u), Whole(path.v)));
+          continue;
+        }
+      }
       for (ptrdiff_t first = 0; first < n; first += kPiece) {
         const int piece = static_cast<int>(n - first < kPiece ? n - first : kPiece);
         CopyPiece<VectorBytes>(path, piece, pixels + first * F::kBytes);
@@ -62,15 +71,13 @@ struct CopySpans {
 
   template <int VectorBytes>
   BRISAL_INLINE static void CopyPiece(const TexelPath &path, int n, uint8_t *pixels) {
-    if constexpr (Keyed && F::kBytes == 3) {
+    if constexpr (!kCombines) {
       const uint32_t key = path.storedKey;
       ForEachTexel<F, VectorBytes>(
           path, n, [=](int i, const uint8_t *texel) __attribute__((always_inline)) {
             const uint32_t stored = F::Load(texel);
             if (stored != key) F::Store(pixels + i * F::kBytes, stored);
           });
-    } else if (IsStraight(path)) {
-      Combine<VectorBytes>(path, n, pixels, TexelAt<F>(path, Whole(path.u), Whole(path.v)));
     } else if constexpr (Keyed) {
       uint8_t stored[kPiece * F::kBytes];
       LoadPiece<VectorBytes>(path, n, stored);
@@ -92,7 +99,7 @@ struct CopySpans {
   }
 
   template <int VectorBytes>
-  BRISAL_INLINE static void Combine(const TexelPath &path, int n, uint8_t *pixels,
+  BRISAL_INLINE static void Combine(const TexelPath &path, ptrdiff_t n, uint8_t *pixels,
                                     const uint8_t *stored) {
     const std::conditional_t<Keyed, UnlessKey<F>, Solid<F>> rule(path.storedKey);
     CombineRun<F, VectorBytes>(pixels, pixels, n, rule, Pixels<F>(stored));
