@@ -148,6 +148,260 @@ typedef struct TPD_Pipeline {
   int32_t gouraudState;   /* 1: the vertices' colours are interpolated for the effects */
 } TPD_Pipeline;
 
+/*
+ * The services of the host that the font functions call; no other function calls any. Handles of
+ * blocks and of text buffers, and files, are whatever numbers the host gives out, 0 being none. An
+ * address is a pointer into the process's memory. A position of -1 means the file's current one,
+ * which the service then moves on by what it read or wrote; any other counts bytes from the start
+ * of the file. Where a file stands after reading or writing at such a position is up to the host.
+ * Services cannot report that reading or writing failed. To let CRF_Read see that a file was cut,
+ * those that read should leave out what is not there, without moving on over it.
+ */
+typedef void(BRSL_CALL *BRSL_UnusedService)(void);
+
+typedef struct BRSL_MemoryServices {
+  /* Returns a block of size bytes, all 0, that is aligned for a pointer; 0 without memory. */
+  uintptr_t(BRSL_CALL *AllocMemory)(int32_t size);
+  BRSL_UnusedService unused1[1];
+  /* Releases a block of AllocMemory or a text buffer of AllocString by its handle. */
+  void(BRSL_CALL *FreeMemory)(uintptr_t block);
+  /* Releases a block by the address that MemoryAddress gave; an address of 0 does nothing. */
+  void(BRSL_CALL *FreeMemoryAddress)(uintptr_t address);
+  BRSL_UnusedService unused4[1];
+} BRSL_MemoryServices;
+
+typedef struct BRSL_BlockServices {
+  BRSL_UnusedService unused0[1];
+  /* Returns the address of a block's first byte, which stays the same; 0 for handle 0. */
+  uintptr_t(BRSL_CALL *MemoryAddress)(uintptr_t block);
+  /* Returns the size that the block was allocated with. */
+  int32_t(BRSL_CALL *MemorySize)(uintptr_t block);
+  BRSL_UnusedService unused3[4];
+  /* Copies count bytes from an offset in one block to an offset in another. */
+  void(BRSL_CALL *CopyMemoryBlock)(uintptr_t source, int32_t sourceOffset, int32_t count,
+                                   uintptr_t destination, int32_t destinationOffset);
+  BRSL_UnusedService unused8[7];
+  /* Stores a value at an offset of the block: four bytes, the lowest first. */
+  void(BRSL_CALL *PokeLong)(uintptr_t block, int32_t offset, int32_t value);
+  BRSL_UnusedService unused16[3];
+} BRSL_BlockServices;
+
+typedef struct BRSL_StringServices {
+  /* Returns a text buffer for that many bytes, which FreeMemory releases; 0 without memory. */
+  uintptr_t(BRSL_CALL *AllocString)(int32_t length);
+  BRSL_UnusedService unused1[1];
+  /* Copies count bytes from an address to the start of the buffer. */
+  void(BRSL_CALL *PokeBytes)(uintptr_t buffer, uintptr_t source, int32_t count);
+  BRSL_UnusedService unused3[41];
+  /* Returns 1 where two buffers hold the same text up to its 0 byte. */
+  int32_t(BRSL_CALL *CompareStrings)(uintptr_t a, uintptr_t b);
+  BRSL_UnusedService unused45[5];
+} BRSL_StringServices;
+
+typedef struct BRSL_FileServices {
+  BRSL_UnusedService unused0[1];
+  /* Each opens a file at its first byte; 0 on failure. CRF_Load and CRF_Save were given the name. */
+  uintptr_t(BRSL_CALL *OpenFileRead)(const void *name);
+  uintptr_t(BRSL_CALL *OpenFileWrite)(const void *name);
+  void(BRSL_CALL *CloseFile)(uintptr_t file);
+  BRSL_UnusedService unused4[1];
+  /* Returns, and sets, the current position in bytes from the start. */
+  int32_t(BRSL_CALL *FilePos)(uintptr_t file);
+  void(BRSL_CALL *SeekFile)(uintptr_t file, int32_t position);
+  BRSL_UnusedService unused7[3];
+  /* Each returns a value of 2 or 4 bytes, the lowest first; words with a sign or without. */
+  int32_t(BRSL_CALL *ReadWord)(uintptr_t file, int32_t position);
+  int32_t(BRSL_CALL *ReadLong)(uintptr_t file, int32_t position);
+  BRSL_UnusedService unused12[2];
+  /* Each reads count bytes, to the start of a text buffer or to an address. */
+  void(BRSL_CALL *ReadToBuffer)(uintptr_t file, int32_t position, uintptr_t buffer, int32_t count);
+  void(BRSL_CALL *ReadToMemory)(uintptr_t file, int32_t position, uintptr_t address, int32_t count);
+  BRSL_UnusedService unused16[3];
+  /* Each writes a value, its low 2 bytes or all 4, the lowest first. */
+  void(BRSL_CALL *WriteWord)(uintptr_t file, int32_t position, int32_t value);
+  void(BRSL_CALL *WriteLong)(uintptr_t file, int32_t position, int32_t value);
+  BRSL_UnusedService unused21[3];
+  /* Writes the bytes from the address start up to, not including, the address end. */
+  void(BRSL_CALL *WriteMemory)(uintptr_t file, int32_t position, uintptr_t start, uintptr_t end);
+} BRSL_FileServices;
+
+/*
+ * What a host hands to GCF_Retrieve: four groups of addresses of functions, at bytes 800, 880, 1200
+ * and 1600 in every build, each address as wide as a pointer. What lies between them is not read.
+ * Services called "unused" are copied and never called, so they may be null.
+ */
+typedef struct BRSL_HostRecord {
+  unsigned char unread[800];
+  union {
+    BRSL_MemoryServices call;
+    unsigned char room[80];
+  } memory;
+  union {
+    BRSL_BlockServices call;
+    unsigned char room[320];
+  } block;
+  union {
+    BRSL_StringServices call;
+    unsigned char room[400];
+  } string;
+  union {
+    BRSL_FileServices call;
+  } file;
+} BRSL_HostRecord;
+
+/* A raster font in the host's memory, made by CRF_Alloc, CRF_Load or CRF_Read. */
+typedef struct CRF_Font CRF_Font;
+
+/*
+ * The spacing of one character, in pixels: the pen advances by the sum of the three. The library
+ * uses nothing but that sum, as a glyph's columns say where it is drawn.
+ */
+typedef struct CRF_ChrInfo {
+  int32_t underHang;
+  int32_t width;
+  int32_t overHang;
+  int32_t host[5]; /* the host's own words, saved and loaded with the font */
+} CRF_ChrInfo;
+
+/*
+ * Command codes of captured scenes. Those with a renderer are drawn by it, the others by the host.
+ */
+#define SCENE_SPRITE 1
+#define SCENE_DOT 2
+#define SCENE_BOX 3       /* Scene_Render_Captured_Box */
+#define SCENE_SHADE_BOX 4 /* Scene_Render_Captured_ShadeBox */
+#define SCENE_CIRCLE 5    /* Scene_Render_Captured_Circle */
+#define SCENE_ELLIPSE 6   /* Scene_Render_Captured_Ellipse */
+#define SCENE_LINE 7
+#define SCENE_SHAPE 8
+#define SCENE_IMAGE 11
+#define SCENE_IMAGE_BB 12
+#define SCENE_IMAGE_ALPHA 15
+#define SCENE_TEXT 20
+#define SCENE_TRI 25             /* Scene_Render_Captured_Polygon */
+#define SCENE_TRI_G 26           /* Scene_Render_Captured_PolygonG */
+#define SCENE_POLYGON_T 27       /* triangle or quad: Scene_Render_Captured_PolygonT */
+#define SCENE_QUAD 30            /* Scene_Render_Captured_Polygon */
+#define SCENE_QUAD_G 31          /* Scene_Render_Captured_PolygonG */
+#define SCENE_GOURAUD_STRIP_H 40 /* Scene_Render_Captured_GouraudStripH */
+#define SCENE_GOURAUD_STRIP_V 41 /* Scene_Render_Captured_GouraudStripV */
+#define SCENE_TEXTURE_STRIP_H 42 /* Scene_Render_Captured_TextureStripH */
+#define SCENE_TEXTURE_STRIP_V 43 /* Scene_Render_Captured_TextureStripV */
+#define SCENE_MAP 50
+
+/* A vertex of a captured command, 40 bytes. Of the two copies of x and y the second is read. */
+typedef struct Scene_Vertex {
+  int32_t firstX; /* byte 0 */
+  int32_t firstY;
+  int32_t unused8;
+  int32_t x; /* byte 12 */
+  int32_t y;
+  int32_t unused20;
+  uint32_t colour; /* byte 24: 0xAARRGGBB */
+  int32_t unused28;
+  int32_t tu; /* byte 32: texel column and row; in strips 16.16 */
+  int32_t tv;
+} Scene_Vertex;
+
+/*
+ * A captured command in memory of the host, which may read and write every field. Unused fields and
+ * what a writer does not name stay as they are.
+ */
+typedef struct Scene_Record {
+  int16_t marker;   /* byte 0: 1 */
+  int16_t code;     /* byte 2: SCENE_* */
+  int32_t hostA;    /* byte 4: words for the host alone */
+  int32_t hostB;    /* byte 8 */
+  int32_t image;    /* byte 12: likewise; the image, sprite or texture */
+  int32_t flags;    /* byte 16: flags or draw mode of the shape */
+  int32_t unused20; /* byte 20 */
+  int32_t shape[3]; /* byte 24: words for the host alone */
+  int32_t left;     /* byte 36: bounding box, right and bottom excluded */
+  int32_t top;
+  int32_t right;
+  int32_t bottom;
+  int32_t vertexCount; /* byte 52 */
+  int32_t alpha;       /* byte 56: for the host alone */
+  Scene_Vertex vertices[4];
+} Scene_Record;
+
+/* An edge and its normals, 24 bytes. */
+typedef struct Scene_EdgeVectors {
+  float dx;
+  float dy;
+  float normalX;
+  float normalY;
+  float negatedX;
+  float negatedY;
+} Scene_EdgeVectors;
+
+/* Corners of a polygon to make span lists of; u and v, in pixels, serve textured lists only. */
+typedef struct BRSL_VertexBuffer {
+  int32_t x[8];
+  int32_t y[8];
+  int32_t u[8];
+  int32_t v[8];
+} BRSL_VertexBuffer;
+
+/*
+ * Head of a collision span list; its entries follow at byte 12. What count stands for is said by
+ * each function that makes a list; comparing looks at the first count - 1 entries.
+ */
+typedef struct BRSL_CollisionSpans {
+  int32_t count;
+  int32_t top; /* rows */
+  int32_t bottom;
+} BRSL_CollisionSpans;
+
+typedef struct BRSL_CollisionSpan {
+  int32_t y;
+  int32_t left;  /* included */
+  int32_t right; /* excluded */
+} BRSL_CollisionSpan;
+
+/*
+ * Head of a textured span list. Its entries follow at byte sizeof(BRSL_TexturedSpans) (24 where
+ * addresses have 32 bits, else 32): one for each row from the top on, and one of zeros that ends
+ * the list.
+ */
+typedef struct BRSL_TexturedSpans {
+  int32_t top;         /* first row */
+  int32_t bottom;      /* one past the last row */
+  const void *image;   /* pixel (0, 0) */
+  int32_t format;      /* BRSL_FORMAT_* of the image */
+  int32_t pitch;       /* bytes from row to row */
+  uint32_t maskColour; /* as stored pixels are compared with it */
+} BRSL_TexturedSpans;
+
+/* u and v are columns and rows of the image, in 16.16. */
+typedef struct BRSL_TexturedSpan {
+  int32_t y;
+  int32_t left; /* included */
+  int32_t leftU;
+  int32_t leftV;
+  int32_t right; /* excluded, and where it would sample */
+  int32_t rightU;
+  int32_t rightV;
+} BRSL_TexturedSpan;
+
+/* How vertices are turned, scaled and moved. A camera has a position, angles and factors. */
+typedef struct BRSL_Transform {
+  int32_t unused0;
+  float x; /* byte 4: position */
+  float y;
+  float z;
+  float angleX; /* byte 16: degrees about each axis */
+  float angleY;
+  float angleZ;
+  float scaleX; /* byte 28 */
+  float scaleY;
+  float scaleZ;
+  int32_t order;  /* byte 40: 0 turns about z first, then y and x; 1 the other way round */
+  int32_t output; /* byte 44: 0 writes the point, 1 its projection too */
+  float factorX;  /* byte 48: projection factors */
+  float factorY;
+} BRSL_Transform;
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -1267,6 +1521,947 @@ BRSL_API float BRSL_CALL TQ_Rnd(float max);
  * seed: 0 changes nothing.
  */
 BRSL_API void BRSL_CALL TQ_Randomize(int32_t seed);
+
+/* ---- Host services ----------------------------------------------------------------------- */
+
+/*
+ * Takes over the services of the host. The font functions that allocate, release, read, write or
+ * compress do nothing and return 0 before; all others work without it.
+ * record: its 99 addresses are copied in place of those of an earlier call; null does nothing.
+ * The caller sets the services that are not called "unused".
+ */
+BRSL_API void BRSL_CALL GCF_Retrieve(const BRSL_HostRecord *record);
+
+/* ---- Fonts ---------------------------------------------------------------------------------
+ *
+ * A font has characters of the codes 0 to count - 1, each with its spacing (CRF_ChrInfo) and a
+ * glyph or none, and for all of them a draw mode, a depth, a backdrop colour and a largest size.
+ * Setters take any value; they, and getters, which return 0, ignore a null font.
+ *
+ * GLYPH BLOCKS
+ *
+ * A compressed glyph. All numbers are little-endian and may lie at any byte:
+ *
+ *   byte  0  4 bytes  size of the block in bytes
+ *         4  4        width in pixels
+ *         8  4        height in rows
+ *        12  4        depth: 8 or 32 bits per pixel
+ *        16  4        first row: the first that holds any pixel, 0 if none does
+ *        20  4        end row: one past the last that holds any, the height if none does
+ *        24  4        where the run table is, in bytes from the block's start; 0 without runs
+ *        28  4        where the pixel table is; 0 without pixels
+ *
+ * Both tables have an entry of 4 bytes for each row from the first row to the end row: where the
+ * row's data is, in bytes from the start of that table; 0 if it has none.
+ *   Run data    a count of 2 bytes, then for each run its first column and its length, 2 bytes each
+ *               and signed. Runs go from left to right and do not overlap. A length of 0 or less is
+ *               no run.
+ *   Pixel data  the pixels of the row's runs, one behind the other: at depth 8 a byte each, the
+ *               intensity; at depth 32 four bytes each, 0xAARRGGBB.
+ * Rows may share data, or parts of it. No data lies in the first 32 bytes: an entry that leads
+ * there stands for none. A block of depth 8 without a pixel table is solid, all its pixels having
+ * intensity 255; one of depth 32 without it is not drawn, nor is one without a run table. What runs
+ * do not cover is transparent.
+ *
+ * Blocks belong to their font, which gives them back to FreeMemoryAddress. Several characters may
+ * hold one block; it is released when the last of them lets go of it. */
+
+/*
+ * Makes a font without glyphs; CRF_Free releases it.
+ * count: characters, 1 to 65536; more are lowered to 65536.
+ * The draw mode, the depth, the largest size and all spacing are 0, the backdrop is 0xFF000000.
+ * Returns the font, null for a count of 0 or less or when the host has no memory.
+ */
+BRSL_API CRF_Font *BRSL_CALL CRF_Alloc(int32_t count);
+
+/*
+ * Releases a font and all it owns, each glyph block once. font: may be null; FreeMemoryAddress is
+ * then called with 0.
+ */
+BRSL_API void BRSL_CALL CRF_Free(CRF_Font *font);
+
+/*
+ * Sets which glyphs of a font are drawn, and how. font: may be null. depth: 8 or 32 bits per pixel,
+ * that of the blocks; blocks of another depth, and all with any other value, are not drawn.
+ */
+BRSL_API void BRSL_CALL CRF_SetChrDepth(CRF_Font *font, int32_t depth);
+
+/*
+ * Sets the largest width and height of a font's characters, in pixels. Drawing leaves out what they
+ * say is outside the viewport, so they should not be too small. font: may be null.
+ */
+BRSL_API void BRSL_CALL CRF_SetMaxChrSize(CRF_Font *font, int32_t width, int32_t height);
+
+/*
+ * Returns the largest width of a font's characters where which is 0, else the largest height; 0 for
+ * a null font.
+ */
+BRSL_API int32_t BRSL_CALL CRF_GetMaxChrSize(const CRF_Font *font, int32_t which);
+
+/* Sets how glyphs meet the target: mode 0, 1 or 2, see CRF_Draw. font: may be null. */
+BRSL_API void BRSL_CALL CRF_DrawMode(CRF_Font *font, int32_t mode);
+
+/* Returns the draw mode of a font, 0 for a null one. */
+BRSL_API int32_t BRSL_CALL CRF_GetDrawMode(const CRF_Font *font);
+
+/* Sets the colour, 0xAARRGGBB, that is under glyphs in draw mode 2. font: may be null. */
+BRSL_API void BRSL_CALL CRF_BackdropColour(CRF_Font *font, uint32_t colour);
+
+/* Returns the backdrop colour of a font, 0 for a null one. */
+BRSL_API uint32_t BRSL_CALL CRF_GetBackdropColour(const CRF_Font *font);
+
+/*
+ * Returns the spacing of a character, which may be read and written until the font is released;
+ * that of the next code follows it. Null for a null font, or a code that the font does not have.
+ */
+BRSL_API CRF_ChrInfo *BRSL_CALL CRF_GetChrInfoPtr(const CRF_Font *font, int32_t code);
+
+/*
+ * Gives a character a glyph block, which the font then owns, and releases the one it had, unless
+ * another character holds that too. Given the block that it has, it keeps it.
+ * font: may be null. code: 0 to count - 1; others do nothing. bitmap: address of a block of the
+ * host's memory services, null for none.
+ * The caller guarantees that a block is as GLYPH BLOCKS says: its first field its size in bytes, at
+ * least 32, and its tables, runs and pixels inside of it. Columns and rows may be any, as drawing
+ * clips them.
+ */
+BRSL_API void BRSL_CALL CRF_SetChrBmp(CRF_Font *font, int32_t code, void *bitmap);
+
+/*
+ * Returns the address of the glyph block that a character of a font holds; null if it has none, for
+ * a code that the font does not have, and for a null font.
+ */
+BRSL_API void *BRSL_CALL CRF_GetChrBmp(const CRF_Font *font, int32_t code);
+
+/*
+ * Returns a character's under-hang in pixels.
+ * info: what CRF_GetChrInfoPtr gave for code 0; null gives 0. code: a character of that font, which
+ * the caller guarantees.
+ */
+BRSL_API int32_t BRSL_CALL RFCI_GetChrUnderHang(const CRF_ChrInfo *info, int32_t code);
+
+/* Returns a character's width in pixels. info, code: as for RFCI_GetChrUnderHang. */
+BRSL_API int32_t BRSL_CALL RFCI_GetChrWidth(const CRF_ChrInfo *info, int32_t code);
+
+/* Returns a character's over-hang in pixels. info, code: as for RFCI_GetChrUnderHang. */
+BRSL_API int32_t BRSL_CALL RFCI_GetChrOverHang(const CRF_ChrInfo *info, int32_t code);
+
+/*
+ * Sets a character's under-hang to a value in pixels. info, code: as for RFCI_GetChrUnderHang; null
+ * does nothing.
+ */
+BRSL_API void BRSL_CALL RFCI_SetChrUnderHang(CRF_ChrInfo *info, int32_t code, int32_t value);
+
+/* Sets a character's width. info, code, value: as for RFCI_SetChrUnderHang. */
+BRSL_API void BRSL_CALL RFCI_SetChrWidth(CRF_ChrInfo *info, int32_t code, int32_t value);
+
+/* Sets a character's over-hang. info, code, value: as for RFCI_SetChrUnderHang. */
+BRSL_API void BRSL_CALL RFCI_SetChrOverHang(CRF_ChrInfo *info, int32_t code, int32_t value);
+
+/*
+ * Saves a font to a file that OpenFileWrite opens, as CRF_Write does.
+ * font: null does nothing. name: passed on to the host as it is.
+ * Where the file cannot be opened nothing is written; other failures only the host's services see.
+ */
+BRSL_API void BRSL_CALL CRF_Save(const CRF_Font *font, const void *name);
+
+/*
+ * Loads a font from a file that OpenFileRead opens, as CRF_Read does; CRF_Free releases it.
+ * name: passed on to the host as it is; null gives null.
+ * Returns the font, null where the file cannot be opened and where CRF_Read returns null.
+ */
+BRSL_API CRF_Font *BRSL_CALL CRF_Load(const void *name);
+
+/*
+ * Writes a font at the current position of a file, and leaves the file behind it.
+ * font, file: null, or 0, does nothing.
+ * What is written, all numbers little-endian, for n characters:
+ *
+ *   byte  0  8 bytes  "TOLVCRF" and a 0 byte
+ *         8  4        bytes from here to the end
+ *        12  4        version, 1
+ *        16  4        largest width
+ *        20  4        largest height
+ *        24  4        depth
+ *        28  4        n
+ *        32  4        draw mode
+ *        36  4        backdrop colour
+ *        40  32 n     the spacing of each character, eight words as in CRF_ChrInfo
+ *            ...      for each character its glyph block; or four 0 bytes if it has none, or that
+ *                     of another
+ *            2 n      for each character the code of the other whose glyph it has, 0 for none
+ *
+ * Characters with glyphs of the same bytes share the one of the first of them, as found by
+ * CRF_Find_Duplicate_Chr_Buffers; when the host has no memory for its table, all are written.
+ */
+BRSL_API void BRSL_CALL CRF_Write(const CRF_Font *font, uintptr_t file);
+
+/*
+ * Reads a font, written as CRF_Write does, at the current position of a file. CRF_Free releases it.
+ * file: 0 gives null. The length field is not looked at.
+ * Returns the font, with the file behind it. Returns null, and has released everything, for
+ *   another magic, leaving the file where it was, so that something else may be read there;
+ *   another version, or n outside 1 to 65536, leaving the file behind the header;
+ *   a glyph block that drawing or measuring would read outside of, one whose rows have more than
+ *   2^24 runs together, or a file that ends early;
+ * and when the host has no memory. Any bytes are safe.
+ */
+BRSL_API CRF_Font *BRSL_CALL CRF_Read(uintptr_t file);
+
+/*
+ * Finds the characters of a font that have the same glyph, be it one block or blocks of the same
+ * bytes.
+ * font: null does nothing. table: a number for each code, all 0 beforehand. It becomes the first
+ * code with the same glyph, and stays 0 for that one and for codes without a glyph. Code 0 is never
+ * named: the next code with its glyph counts as the first.
+ */
+BRSL_API void BRSL_CALL CRF_Find_Duplicate_Chr_Buffers(const CRF_Font *font, int32_t *table);
+
+/*
+ * Compresses a plain glyph image to a glyph block.
+ * image: null gives 0; else, all numbers little-endian:
+ *
+ *   byte  0  4 bytes  width in pixels, at most 32767
+ *         4  4        height in rows
+ *         8  4        depth: 8 or 32 bits per pixel
+ *        12  4        the value of transparent pixels, compared as a number of 32 bits
+ *        16  ...      the pixels, row after row without a gap: a byte each, or four
+ *
+ * Pixels of the transparent value are left out; rows share run and pixel data of the same bytes. At
+ * depth 8 a glyph all of whose pixels are 255 becomes a solid one. A width or height below 1 is an
+ * image without pixels.
+ * Returns the handle of a block of the host's memory that is the caller's; its address may be given
+ * to CRF_SetChrBmp. Returns 0 for another depth, a larger width and when the host has no memory.
+ */
+BRSL_API uintptr_t BRSL_CALL CRF_CompressChr(const void *image);
+
+/* ---- Text ----------------------------------------------------------------------------------
+ *
+ * Text is a sequence of bytes, each a character code. A length above 0 is the number of them, which
+ * the caller guarantees, and 0 among them is code 0. Otherwise the text ends before the first 0
+ * byte, and is empty if there is none among the first 32000 bytes. Codes that a font does not have
+ * draw nothing and do not move the pen. */
+
+/*
+ * Draws text with a font.
+ * font, text: null draws nothing. length: see above. x: the pen, where column 0 of the first glyph
+ * is drawn. y: row 0 of the glyphs, the top of the line. colour: 0xAARRGGBB; A is its alpha.
+ * After each character the pen moves by its spacing. A character is left out if the pen + the
+ * largest width <= the viewport's left; the text ends once the pen is beyond the viewport's right;
+ * there is none if y > the viewport's bottom or y + the largest height < its top. Everything is
+ * clipped.
+ * How a glyph's pixel p is drawn, by the font's draw mode:
+ *
+ *   depth 8, p an intensity: with weight w = floor(p * (A + 1) / 256),
+ *     0  each channel c of the colour as floor(p * c / 256), the top byte of 32-bit targets too
+ *     1  the colour blended into the target by w
+ *     2  the colour blended into the backdrop by w
+ *   depth 32, p a colour, pA its alpha: with t, p tinted by the colour, floor(p * (c + 1) / 256) in
+ *   each channel, and weight w = floor(pA * (A + 1) / 256),
+ *     1  t blended into the target by w
+ *     2  t blended into the backdrop by w
+ *     any other  t
+ *
+ * where blending s into d by w is d + floor((s - d) * w / 256) on channels of 8 bits, to which
+ * those of 16-bit targets are widened with zeros and from which results are packed. The top byte of
+ * 32-bit targets becomes 0, except in mode 0 of depth 8. Nothing is drawn in other depths, in other
+ * modes of depth 8, and
+ *   in mode 1, depth 8, formats 1 and 2, if A = 0
+ *   in mode 1, depth 32, formats 1 and 2, if A < 7
+ *   in mode 1, depth 32, formats 4 and 5, if the colour is 0
+ *   in mode 2, depth 32, format 2, if the colour is below 8.
+ */
+BRSL_API void BRSL_CALL CRF_Draw(const CRF_Font *font, const char *text, int32_t length, int32_t x,
+                                 int32_t y, uint32_t colour);
+
+/*
+ * Returns the width of text in pixels: the sum of the spacing of its characters, the low 32 bits of
+ * it.
+ * font, text, length: as for CRF_Draw; null or empty text gives 0.
+ */
+BRSL_API int32_t BRSL_CALL CRF_TextWidth(const CRF_Font *font, const char *text, int32_t length);
+
+/*
+ * Returns the height of text in pixels: in mode 1 the font's largest height or, if that is more,
+ * the largest end row of its glyphs. In any other mode, and for a null font, 0.
+ * font, text, length: as for CRF_Draw; null or empty text is as high as the font's largest height.
+ */
+BRSL_API int32_t BRSL_CALL CRF_TextHeight(const CRF_Font *font, const char *text, int32_t length,
+                                          int32_t mode);
+
+/* ---- Captured scenes -----------------------------------------------------------------------
+ *
+ * A drawing command can be kept in a record instead of drawn, and be drawn later, as often as
+ * wanted, at any scroll offset. The writers fill a record (Scene_Write_Capture_*), draw nothing and
+ * check nothing. All store the marker 1, their code, the number of vertices, the vertices and, but
+ * for the sprite, the flags; what else they store is said below. Bounding boxes and vertices are in
+ * the coordinates of the scene; sums beyond 32 bits wrap around. Arguments hostA, hostB and image
+ * are kept for the host and never read; unused ones are not kept at all. A null record is ignored.
+ *
+ * The renderers (Scene_Render_Captured_*) draw a record so that scene point (dx, dy) lands on the
+ * viewport's top left corner: x' = x - dx + left and y' = y - dy + top, in 32 bits that wrap
+ * around. They read the second copy of x and y, the vertices' colours and texels, the vertex count
+ * of polygons and the flags, never the code: a record that another writer filled is drawn from what
+ * its fields hold. What lies wholly outside the viewport is not drawn; the rest is clipped as by
+ * the function that draws it. A null record is ignored. The caller guarantees that the record's
+ * memory holds the vertices that its renderer reads.
+ */
+
+/*
+ * Captures a sprite (SCENE_SPRITE) in record for the host to draw: vertex 0 (x, y), no
+ * bounding box.
+ * sprite: kept as the image word. hostA: kept. Flags are not stored.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_SpriteNC(Scene_Record *record, int32_t sprite,
+                                                     int32_t x, int32_t y, int32_t hostA);
+
+/*
+ * Captures a pixel (SCENE_DOT) in record: vertex 0 (x, y) and colour, both coordinates rounded
+ * down; box (x, y, x + 1, y + 1).
+ * flags: its draw mode. x, y: beyond 32 bits the nearest integer, of not-a-numbers the lowest. z:
+ * not kept. colour: 0xAARRGGBB.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Dot(Scene_Record *record, int32_t flags, float x,
+                                                float y, float z, uint32_t colour);
+
+/*
+ * Captures a box (SCENE_BOX) in record: vertex 0 (left, top) and colour, vertex 1 (right, bottom);
+ * box (left, top, right, bottom).
+ * flags: as for BRSL_Box. x1, y1, x2, y2: two corners in any order. colour: 0xAARRGGBB. unused: not
+ * kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Box(Scene_Record *record, int32_t flags, int32_t x1,
+                                                int32_t y1, int32_t x2, int32_t y2, int32_t unused,
+                                                uint32_t colour);
+
+/*
+ * Captures a shaded box (SCENE_SHADE_BOX) in record: its four corners clockwise from the top left
+ * with colour0 to colour3; box (left, top, right, bottom).
+ * flags: as for BRSL_ShadeBox. x1, y1, x2, y2: two corners in any order. unused: not kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_ShadeBox(Scene_Record *record, int32_t flags,
+                                                     int32_t x1, int32_t y1, int32_t x2, int32_t y2,
+                                                     int32_t unused, uint32_t colour0,
+                                                     uint32_t colour1, uint32_t colour2,
+                                                     uint32_t colour3);
+
+/*
+ * Captures a circle (SCENE_CIRCLE) in record: vertex 0 (cx, cy) and colour, vertex 1 (cx + radius,
+ * cy + radius); box (cx - radius, cy - radius, cx + radius, cy + radius).
+ * flags: as for BRSL_Circle. hostA: kept. colour: 0xAARRGGBB.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Circle(Scene_Record *record, int32_t flags, int32_t cx,
+                                                   int32_t cy, int32_t hostA, int32_t radius,
+                                                   uint32_t colour);
+
+/*
+ * Captures an ellipse (SCENE_ELLIPSE) in record: vertex 0 (cx, cy) and colour, vertex 1 (cx + rx,
+ * cy + ry); box (cx - rx, cy - ry, cx + rx, cy + ry).
+ * flags: as for BRSL_Ellipse. hostA: kept. colour: 0xAARRGGBB.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Ellipse(Scene_Record *record, int32_t flags, int32_t cx,
+                                                    int32_t cy, int32_t hostA, int32_t rx,
+                                                    int32_t ry, uint32_t colour);
+
+/*
+ * Captures a line (SCENE_LINE) in record for the host to draw: vertex 0 (x1, y1) and colour, vertex
+ * 1 (x2, y2). No bounding box.
+ * flags: as for BRSL_WriteLine. hostA: kept. colour: 0xAARRGGBB.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Line(Scene_Record *record, int32_t flags, int32_t x1,
+                                                 int32_t y1, int32_t x2, int32_t y2, int32_t hostA,
+                                                 uint32_t colour);
+
+/*
+ * Captures a shape of the host (SCENE_SHAPE) in record: vertex 0 (x, y) and colour, no
+ * bounding box.
+ * flags: a draw mode. image, hostA, shape1, shape2, shape3: kept. colour: 0xAARRGGBB.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Shape(Scene_Record *record, int32_t flags,
+                                                  int32_t image, int32_t x, int32_t y,
+                                                  int32_t hostA, int32_t shape1, int32_t shape2,
+                                                  int32_t shape3, uint32_t colour);
+
+/*
+ * Captures an image (SCENE_IMAGE) in record for the host to draw: vertex 0 (x, y); box
+ * (x, y, x + width, y + height).
+ * flags: a draw mode. image, hostA: kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Image(Scene_Record *record, int32_t flags,
+                                                  int32_t image, int32_t x, int32_t y,
+                                                  int32_t hostA, int32_t width, int32_t height);
+
+/*
+ * Captures an image in record as Scene_Write_Capture_Image does, with the code SCENE_IMAGE_BB.
+ * flags, image, x, y, hostA, width, height: as there. hostB: kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_ImageBB(Scene_Record *record, int32_t flags,
+                                                    int32_t hostB, int32_t image, int32_t x,
+                                                    int32_t y, int32_t hostA, int32_t width,
+                                                    int32_t height);
+
+/*
+ * Captures an image in record as Scene_Write_Capture_Image does, with the code SCENE_IMAGE_ALPHA.
+ * flags, image, x, y, hostA, width, height: as there. alpha: kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Image_AlphaBlend(Scene_Record *record, int32_t flags,
+                                                             int32_t image, int32_t x, int32_t y,
+                                                             int32_t hostA, int32_t alpha,
+                                                             int32_t width, int32_t height);
+
+/*
+ * Captures a text (SCENE_TEXT) in record for the host to draw: vertex 0 (x, y) and colour; box
+ * (x, y, x + width, y + height).
+ * flags: a draw mode. hostA, hostB: kept. colour: 0xAARRGGBB. unused1, unused2: not kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Text(Scene_Record *record, int32_t flags, int32_t hostB,
+                                                 int32_t unused1, int32_t unused2, int32_t x,
+                                                 int32_t y, int32_t hostA, int32_t width,
+                                                 int32_t height, uint32_t colour);
+
+/*
+ * Captures a flat triangle (SCENE_TRI) in record: vertices (x0, y0) to (x2, y2), each with the
+ * colour.
+ * flags: a draw mode, as for BRSL_Tri. colour: 0xAARRGGBB. boundsMode: 2 sets the bounding box to
+ * the extent of the vertices; with any other it stays, for Scene_Poke_Bounding_Box to set. unused:
+ * not kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Tri(Scene_Record *record, int32_t flags, int32_t x0,
+                                                int32_t y0, int32_t x1, int32_t y1, int32_t x2,
+                                                int32_t y2, int32_t unused, uint32_t colour,
+                                                int32_t boundsMode);
+
+/*
+ * Captures a Gouraud triangle (SCENE_TRI_G) in record: vertices (x0, y0) to (x2, y2) with colour0
+ * to colour2.
+ * flags: a draw mode, as for BRSL_TriG. boundsMode, unused: as for Scene_Write_Capture_Tri.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_TriG(Scene_Record *record, int32_t flags, int32_t x0,
+                                                 int32_t y0, uint32_t colour0, int32_t x1,
+                                                 int32_t y1, uint32_t colour1, int32_t x2,
+                                                 int32_t y2, uint32_t colour2, int32_t unused,
+                                                 int32_t boundsMode);
+
+/*
+ * Captures a textured triangle (SCENE_POLYGON_T) in record: vertices (x0, y0) to (x2, y2) with
+ * texels (tu0, tv0) to (tu2, tv2).
+ * flags: not read by the renderer. texture: kept as the image word. boundsMode, unused: as for
+ * Scene_Write_Capture_Tri.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_TriT(Scene_Record *record, int32_t flags, int32_t x0,
+                                                 int32_t y0, int32_t tu0, int32_t tv0, int32_t x1,
+                                                 int32_t y1, int32_t tu1, int32_t tv1, int32_t x2,
+                                                 int32_t y2, int32_t tu2, int32_t tv2,
+                                                 int32_t unused, int32_t texture,
+                                                 int32_t boundsMode);
+
+/*
+ * Captures a flat quad (SCENE_QUAD) in record: vertices (x0, y0) to (x3, y3), each with the colour.
+ * flags: a draw mode, as for BRSL_Quad. colour: 0xAARRGGBB. boundsMode, unused: as for
+ * Scene_Write_Capture_Tri.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Quad(Scene_Record *record, int32_t flags, int32_t x0,
+                                                 int32_t y0, int32_t x1, int32_t y1, int32_t x2,
+                                                 int32_t y2, int32_t x3, int32_t y3, int32_t unused,
+                                                 uint32_t colour, int32_t boundsMode);
+
+/*
+ * Captures a Gouraud quad (SCENE_QUAD_G) in record: vertices (x0, y0) to (x3, y3) with colour0 to
+ * colour3.
+ * flags: a draw mode, as for BRSL_QuadG. boundsMode, unused: as for Scene_Write_Capture_Tri.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_QuadG(Scene_Record *record, int32_t flags, int32_t x0,
+                                                  int32_t y0, uint32_t colour0, int32_t x1,
+                                                  int32_t y1, uint32_t colour1, int32_t x2,
+                                                  int32_t y2, uint32_t colour2, int32_t x3,
+                                                  int32_t y3, uint32_t colour3, int32_t unused,
+                                                  int32_t boundsMode);
+
+/*
+ * Captures a textured quad in record, by the code of the textured triangle (SCENE_POLYGON_T):
+ * vertices (x0, y0) to (x3, y3) with texels (tu0, tv0) to (tu3, tv3).
+ * flags, texture, boundsMode, unused: as for Scene_Write_Capture_TriT.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_QuadT(Scene_Record *record, int32_t flags, int32_t x0,
+                                                  int32_t y0, int32_t tu0, int32_t tv0, int32_t x1,
+                                                  int32_t y1, int32_t tu1, int32_t tv1, int32_t x2,
+                                                  int32_t y2, int32_t tu2, int32_t tv2, int32_t x3,
+                                                  int32_t y3, int32_t tu3, int32_t tv3,
+                                                  int32_t unused, int32_t texture,
+                                                  int32_t boundsMode);
+
+/*
+ * Captures a Gouraud strip along row y (SCENE_GOURAUD_STRIP_H) in record: vertex 0 (x1, y) with
+ * colour1, vertex 1 (x2, y) with colour2; box (smaller x, y, larger x, y + 1).
+ * flags: not read by the renderer. unused: not kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_GouraudStripH(Scene_Record *record, int32_t flags,
+                                                          int32_t x1, uint32_t colour1, int32_t x2,
+                                                          uint32_t colour2, int32_t y,
+                                                          int32_t unused);
+
+/*
+ * Captures a Gouraud strip along column x (SCENE_GOURAUD_STRIP_V) in record: vertex 0 (x, y1) with
+ * colour1, vertex 1 (x + 1, y2) with colour2; box (x, smaller y, x + 1, larger y).
+ * flags: not read by the renderer. unused: not kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_GouraudStripV(Scene_Record *record, int32_t flags,
+                                                          int32_t y1, uint32_t colour1, int32_t y2,
+                                                          uint32_t colour2, int32_t x,
+                                                          int32_t unused);
+
+/*
+ * Captures a texture strip along row y (SCENE_TEXTURE_STRIP_H) in record: vertex 0 (x1, y) with
+ * texel (tu1, tv1), vertex 1 (x2, y) with (tu2, tv2), in 16.16; box
+ * (smaller x, y, larger x, y + 1).
+ * flags: not read by the renderer. texture: kept as the image word. unused: not kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_TextureStripH(Scene_Record *record, int32_t flags,
+                                                          int32_t x1, int32_t tu1, int32_t tv1,
+                                                          int32_t x2, int32_t tu2, int32_t tv2,
+                                                          int32_t y, int32_t unused,
+                                                          int32_t texture);
+
+/*
+ * Captures a texture strip along column x (SCENE_TEXTURE_STRIP_V) in record: vertex 0 (x, y1) with
+ * texel (tu1, tv1), vertex 1 (x, y2) with (tu2, tv2), in 16.16; box
+ * (x, smaller y, x + 1, larger y).
+ * flags: not read by the renderer. texture: kept as the image word. unused: not kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_TextureStripV(Scene_Record *record, int32_t flags,
+                                                          int32_t y1, int32_t tu1, int32_t tv1,
+                                                          int32_t y2, int32_t tu2, int32_t tv2,
+                                                          int32_t x, int32_t unused,
+                                                          int32_t texture);
+
+/*
+ * Captures a map in record as Scene_Write_Capture_Image does an image, with the code SCENE_MAP.
+ * flags, image, x, y, hostA, width, height: as there. hostB: kept.
+ */
+BRSL_API void BRSL_CALL Scene_Write_Capture_Map(Scene_Record *record, int32_t flags, int32_t hostB,
+                                                int32_t image, int32_t x, int32_t y, int32_t hostA,
+                                                int32_t width, int32_t height);
+
+/*
+ * Sets the bounding box of record to the rectangle between (x1, y1) and (x2, y2), given in either
+ * order. A null record is ignored.
+ */
+BRSL_API void BRSL_CALL Scene_Poke_Bounding_Box(Scene_Record *record, int32_t x1, int32_t y1,
+                                                int32_t x2, int32_t y2);
+
+/*
+ * Fills edge with the vector from (x1, y1) to (x2, y2), dx = x2 - x1 and dy = y2 - y1, its normal
+ * ((y1 - y2) / L, (x2 - x1) / L), (0, 0) where L is 0, and the normal negated. L is the vector's
+ * length, rounded to a float; everything before a rounding is computed in double. A null edge is
+ * ignored.
+ */
+BRSL_API void BRSL_CALL Scene_Poke_Edge_Vectors(Scene_EdgeVectors *edge, float x1, float y1,
+                                                float x2, float y2);
+
+/*
+ * Stores x and y in both copies of vertex. A null vertex is ignored.
+ */
+BRSL_API void BRSL_CALL SceneVert_iXYcombined(Scene_Vertex *vertex, int32_t x, int32_t y);
+
+/*
+ * Does nothing; kept for hosts that call it.
+ * vertex, a1 .. a12: not used.
+ */
+BRSL_API void BRSL_CALL SceneVert_iXYZ(void *vertex, int32_t a1, int32_t a2, int32_t a3, int32_t a4,
+                                       int32_t a5, int32_t a6, int32_t a7, int32_t a8, int32_t a9,
+                                       int32_t a10, int32_t a11, int32_t a12);
+
+/*
+ * Does nothing, like SceneVert_iXYZ.
+ * vertex, a1 .. a12: not used.
+ */
+BRSL_API void BRSL_CALL SceneVert_iTransXYZ(void *vertex, int32_t a1, int32_t a2, int32_t a3,
+                                            int32_t a4, int32_t a5, int32_t a6, int32_t a7,
+                                            int32_t a8, int32_t a9, int32_t a10, int32_t a11,
+                                            int32_t a12);
+
+/*
+ * Does nothing, like SceneVert_iXYZ.
+ * vertex, a1 .. a14: not used.
+ */
+BRSL_API void BRSL_CALL SceneVert_iXYZUV(void *vertex, int32_t a1, int32_t a2, int32_t a3,
+                                         int32_t a4, int32_t a5, int32_t a6, int32_t a7, int32_t a8,
+                                         int32_t a9, int32_t a10, int32_t a11, int32_t a12,
+                                         int32_t a13, int32_t a14);
+
+/*
+ * Tells whether the bounding box of record, placed as the renderers place it by dx and dy, shows in
+ * the viewport: right' > left, left' < right, bottom' > top and top' < bottom of it.
+ * Returns 1 or 0; 0 for a null record.
+ */
+BRSL_API int32_t BRSL_CALL Scene_Render_Check_Object_Visible(const Scene_Record *record, int32_t dx,
+                                                             int32_t dy);
+
+/*
+ * Draws record as BRSL_Box does from vertex 0 to vertex 1 in the colour of vertex 0, by its flags.
+ * dx, dy: scroll offset. A box whose vertex 1 lies at or before the viewport's left or top, or
+ * vertex 0 at or past its right or bottom, is not drawn.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_Box(const Scene_Record *record, int32_t dx,
+                                                  int32_t dy);
+
+/*
+ * Draws record as BRSL_ShadeBox does from vertex 0 to vertex 2 with the colours of its four
+ * vertices, by its flags.
+ * dx, dy: as for Scene_Render_Captured_Box, with vertex 2 in place of vertex 1.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_ShadeBox(const Scene_Record *record, int32_t dx,
+                                                       int32_t dy);
+
+/*
+ * Draws record as BRSL_Circle does around vertex 0 with the radius |x1' - x0'| in the colour of
+ * vertex 0, by its flags.
+ * dx, dy: scroll offset. Drawn where the square around it shows in the viewport, right and bottom
+ * excluded.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_Circle(const Scene_Record *record, int32_t dx,
+                                                     int32_t dy);
+
+/*
+ * Draws record as BRSL_Ellipse does around vertex 0 with the radii |x1' - x0'| and |y1' - y0'|;
+ * otherwise as Scene_Render_Captured_Circle.
+ * dx, dy: scroll offset.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_Ellipse(const Scene_Record *record, int32_t dx,
+                                                      int32_t dy);
+
+/*
+ * Fills the polygon of record as BRSL_Tri does, in the colour of vertex 0, by its flags: stores its
+ * vertices in the vertex list first.
+ * dx, dy: scroll offset. A vertex count outside 2-8 draws nothing, one above 8 stores nothing
+ * either. Records of more than four vertices have the others behind the fourth.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_Polygon(const Scene_Record *record, int32_t dx,
+                                                      int32_t dy);
+
+/*
+ * Fills the polygon of record as BRSL_DrawGouraudPoly does, by its flags; stores its vertices and
+ * their colours in the vertex list first.
+ * dx, dy, vertex count: as for Scene_Render_Captured_Polygon.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_PolygonG(const Scene_Record *record, int32_t dx,
+                                                       int32_t dy);
+
+/*
+ * Draws the polygon of record as BRSL_DrawTexturedPoly does; stores its vertices and their texels
+ * in the vertex list first. Its flags and image word are not used.
+ * dx, dy, vertex count: as for Scene_Render_Captured_Polygon. texture, pipeline: as for
+ * BRSL_DrawTexturedPoly.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_PolygonT(const Scene_Record *record, int32_t dx,
+                                                       int32_t dy, const BRSL_SurfaceDesc *texture,
+                                                       const TPD_Pipeline *pipeline);
+
+/*
+ * Draws record as BRSL_HoriGouraudStrip does on the row of vertex 0, from its column and colour to
+ * those of vertex 1.
+ * dx, dy: scroll offset. Drawn where x1' > left, x0' < right and the row is inside the viewport.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_GouraudStripH(const Scene_Record *record, int32_t dx,
+                                                            int32_t dy);
+
+/*
+ * Draws record as BRSL_VertGouraudStrip does on the column of vertex 0, from its row and colour to
+ * those of vertex 1.
+ * dx, dy: scroll offset. Drawn where y1' > top, y0' < bottom and the column is inside the viewport.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_GouraudStripV(const Scene_Record *record, int32_t dx,
+                                                            int32_t dy);
+
+/*
+ * Draws record as BRSL_HoriTextureStrip does on the row of vertex 0, from its column and texel to
+ * those of vertex 1.
+ * dx, dy: scroll offset. texture: as there. Drawn where x1' >= left, x0' < right and the row is
+ * inside the viewport.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_TextureStripH(const Scene_Record *record, int32_t dx,
+                                                            int32_t dy,
+                                                            const BRSL_SurfaceDesc *texture);
+
+/*
+ * Draws record as BRSL_VertTextureStrip does on the column of vertex 0, from its row and texel to
+ * those of vertex 1.
+ * dx, dy: scroll offset. texture: as there. Drawn where y1' > top, y0' < bottom and the column is
+ * inside the viewport.
+ */
+BRSL_API void BRSL_CALL Scene_Render_Captured_TextureStripV(const Scene_Record *record, int32_t dx,
+                                                            int32_t dy,
+                                                            const BRSL_SurfaceDesc *texture);
+
+/* ---- Collisions ----------------------------------------------------------------------------
+ *
+ * Shapes become lists of the spans that they cover, row by row, and lists are compared where they
+ * overlap. The lists lie in memory of the caller; they are not clipped, and any 32-bit coordinates
+ * are carried in 64 bits. A null list or vertex buffer is ignored. The caller guarantees that a
+ * list has room for the entries that its shape makes.
+ */
+
+/*
+ * Makes the span list of a polygon: its edges as BRSL_Tri walks them, both ends of a row rounded
+ * towards zero, narrow and reversed rows included.
+ * vertices: the corners around the ring. count: 2-8 corners; any other makes an empty list at the
+ * row of the first. list: count, bottom - top, and one entry for each row from top to bottom - 1
+ * (fewer where the polygon stops early; one where all its corners are on one row).
+ * The caller guarantees room for bottom - top entries, at least one.
+ */
+BRSL_API void BRSL_CALL CreateSpanCollision_Polygon(const BRSL_VertexBuffer *vertices,
+                                                    int32_t count, BRSL_CollisionSpans *list);
+
+/*
+ * Makes the span list of a line between (x1, y1) and (x2, y2), both included. With (xa, ya) the end
+ * of the smaller x, on equal x the second one, dx and dy counted from there and 14 bits of
+ * fraction:
+ *   dy = 0       one entry (ya, xa, xb), count 2
+ *   |dy| >= dx   x = xa * 16384 + 8192, and for each row from ya to yb an entry (y, x / 16384,
+ *                x / 16384 + 2), x growing by dx * 16384 / |dy|; count |dy|
+ *   otherwise    y = ya * 16384 + 8192, growing by dy * 16384 / dx a column; whenever y / 16384
+ *                differs from the row before, an entry (that row, start of the run, x + 1), and at
+ *                the end, if the run began before xb, one (y / 16384 after the last step, start,
+ *                xb + 3); count the entries
+ * with divisions that cut towards zero. top and bottom of list are the smaller and the larger y.
+ * The caller guarantees room for |dy| + 1 entries.
+ */
+BRSL_API void BRSL_CALL CreateSpanCollision_Line(BRSL_CollisionSpans *list, int32_t x1, int32_t y1,
+                                                 int32_t x2, int32_t y2);
+
+/*
+ * Makes the span list of a filled ellipse: count 2 * ry, top cy + 1 - ry, bottom cy + ry, and
+ * for k = 1 to ry - 1 two entries of cx - h to cx + h, on row cy + k and then on row cy - k + 1, h
+ * being the half-width at height k by which ellipses are drawn.
+ * list: has no entries where ry is below 2. rx: any; a negative one makes reversed spans.
+ * The caller guarantees room for 2 * (ry - 1) entries, and that BRSL_Init_Lib was called.
+ */
+BRSL_API void BRSL_CALL CreateSpanCollision_Ellipse(BRSL_CollisionSpans *list, int32_t cx,
+                                                    int32_t cy, int32_t rx, int32_t ry);
+
+/*
+ * Makes the span list of a rectangle: count bottom - top, and an entry from left to right for each
+ * row from top to bottom - 1.
+ * list: as above. x1, y1, x2, y2: two corners in any order.
+ * The caller guarantees room for bottom - top entries.
+ */
+BRSL_API void BRSL_CALL CreateSpanCollision_Rect(BRSL_CollisionSpans *list, int32_t x1, int32_t y1,
+                                                 int32_t x2, int32_t y2);
+
+/*
+ * Makes the textured span list of a polygon that shows the source buffer: as
+ * CreateSpanCollision_Polygon, each end of a row with its u and v. Along an edge they run from
+ * u * 65536 + 32768 at its vertex by trunc((next u - u) * 65536 / height) a row, v likewise.
+ * vertices: corners with their columns and rows of the image. count: 2-8; any other makes a list of
+ * no rows. list: the rows, then an entry of zeros. maskColour: 0xAARRGGBB, stored packed for the
+ * source's format, for formats 3 and 4 its low 24 bits.
+ * The caller guarantees room for bottom - top + 1 entries, at least two; the image must outlive the
+ * list.
+ */
+BRSL_API void BRSL_CALL BRSL_SpanBufferCollisionPolygon(const BRSL_VertexBuffer *vertices,
+                                                        int32_t count, BRSL_TexturedSpans *list,
+                                                        uint32_t maskColour);
+
+/*
+ * Tells whether a filled shape touches opaque pixels of a textured one, that is pixels other than
+ * the mask colour. An entry of filled, but for the last, meets the row of textured at its y, and
+ * they touch where at least two columns are common to both. Pixels of formats 1 and 2 are compared
+ * as 16-bit words, of format 3 as 24 bits, all others as 32-bit words, alpha included. u and v step
+ * by trunc((right u - left u) / width) a pixel from the row's left end.
+ * Returns 1 when one does, else 0; 0 too where textured has no image, where the rows from top to
+ * bottom (here included) are not common, and for a count of filled below 2.
+ * Rows outside the top and bottom of textured, and entries whose y is not their row, are left out.
+ * The caller guarantees that textured has an entry for each of its rows, also where its polygon
+ * stopped early, and that u and v of those whose y is their row lie inside its image.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_CompareFilledToTexturedSpans(const BRSL_CollisionSpans *filled,
+                                                             const BRSL_TexturedSpans *textured);
+
+/*
+ * Tells whether opaque pixels of two textured shapes, a and b, lie on the same place: rows common
+ * to both but for the last of them, columns as in BRSL_CompareFilledToTexturedSpans. Both images
+ * are read by the format of a: formats 1 and 2 as 16-bit words, 4 and 5 as 32-bit words; with any
+ * other nothing touches.
+ * Returns 1 or 0. What the caller guarantees is as there, for both.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_CompareTexturedSpans(const BRSL_TexturedSpans *a,
+                                                     const BRSL_TexturedSpans *b);
+
+/*
+ * Plots both ends of the first bottom - top - 1 entries of list as BRSL_Dot(x, y, 0xFF0000,
+ * DRAW_NORMAL) does, clipped: for looking at a list. A null list is ignored.
+ */
+BRSL_API void BRSL_CALL BRSL_DrawSpansEdges(const BRSL_TexturedSpans *list);
+
+/*
+ * Returns 32, the bytes from one array of a BRSL_VertexBuffer to the next.
+ */
+BRSL_API int32_t BRSL_CALL BRSL_GetVertexBufferModulo(void);
+
+/* ---- Edge buffers --------------------------------------------------------------------------
+ *
+ * An outline of any shape, crossing itself or not, is collected as the places where its edges cross
+ * the rows, and is then filled by the even-odd rule. Both blocks belong to the caller:
+ *   row table   word 0: byte offset of the next free node, set by the caller before filling, not 0;
+ *               word 1 + r: byte offset of the first node of row r, 0 for none
+ *   node pool   nodes of 12 bytes: byte offset of the next node, 0 for none; a word that is not
+ *               used; x as a float. A row's nodes are in ascending order.
+ * The caller guarantees that the row table has a word for each row used, and the node pool 12 bytes
+ * for each crossing beyond the first free offset.
+ */
+
+/*
+ * Sets the blocks that the other functions work with.
+ * rowTable, nodePool: null for none; then nothing is added and every row is empty. They must
+ * outlive their use.
+ */
+BRSL_API void BRSL_CALL Shape_Set_Buffers(int32_t *rowTable, void *nodePool);
+
+/*
+ * Adds a crossing to a row, before the first that is greater: takes the next free node, and moves
+ * the free offset on by 12.
+ * x: any. row: any that the row table has a word for.
+ */
+BRSL_API void BRSL_CALL Shape_AddVert(float x, int32_t row);
+
+/*
+ * Adds the crossings of the edge between (x1, y1) and (x2, y2): with the end of smaller y first,
+ * one for each row from ceil(y1) to ceil(y2) - 1. x begins as x1 and grows by (x2 - x1) / (y2 - y1)
+ * a row; each operation is rounded to a float.
+ * x1, y1, x2, y2: an edge with equal y1 and y2, or any that is not finite, adds nothing. firstRow,
+ * endRow: the rows that may be added to, endRow excluded; rows skipped at the top move x on by
+ * their number times the slope.
+ */
+BRSL_API void BRSL_CALL Shape_BufferEdge(float x1, float y1, float x2, float y2, int32_t firstRow,
+                                         int32_t endRow);
+
+/*
+ * Fills the outline and empties the rows of the viewport: in each, every pair of crossings, cut
+ * towards zero to x1 and x2 (those beyond 32 bits to the nearest) and then to the viewport, is
+ * drawn by BRSL_DrawStrip(y, x1, x2, colour, mode), with its choice of modes. A crossing
+ * without a partner draws nothing. The free offset stays.
+ * rowHeads: word 1 of the row table, the head of row 0; null draws nothing. unused: not used.
+ * colour: 0xAARRGGBB, packed for the target. mode: DRAW_*.
+ */
+BRSL_API void BRSL_CALL BRSL_Draw_Shape_Span_Buffer(int32_t *rowHeads, const void *unused,
+                                                    uint32_t colour, int32_t mode);
+
+/*
+ * Makes the span list of the outline and empties its rows from top to bottom - 1: an entry for
+ * every pair of crossings, cut as in BRSL_Draw_Shape_Span_Buffer, to left and right, that has a
+ * width.
+ * list: count, the entries. rowTable: the whole table. unused: not used.
+ * Returns the number of entries; 0, and only the head is written, for top >= bottom; 0 and nothing
+ * for a null list or table. The caller guarantees room for the entries.
+ */
+BRSL_API int32_t BRSL_CALL CreateSpanCollision_ShapeSpanBuffer(BRSL_CollisionSpans *list,
+                                                               int32_t left, int32_t top,
+                                                               int32_t right, int32_t bottom,
+                                                               int32_t *rowTable,
+                                                               const void *unused);
+
+/* ---- Vertex transforms ---------------------------------------------------------------------
+ *
+ * Lists of vertices, each beginning with its coordinates as floats: x, y, z or, in the plane, x, y.
+ * The vertices of a list lie a stride apart, any number of bytes, and need no alignment; what
+ * follows the coordinates is left alone. A destination may be the source with the same stride. Null
+ * lists and transforms, and a count of 0 or less, do nothing, unless said otherwise. The caller
+ * guarantees that the lists hold count vertices.
+ *
+ * Rotations of column vectors, with c and s the cosine and sine of the angle:
+ *   Rx = (1 0 0, 0 c -s, 0 s c)   Ry = (c 0 s, 0 1 0, -s 0 c)   Rz = (c -s 0, s c 0, 0 0 1)
+ * Angles are in degrees, turned into radians as by TQ_Cos. A matrix is computed in long double,
+ * once a call, and its entries are rounded to floats; vertices are computed in double and stored as
+ * floats.
+ */
+
+/*
+ * Scales, rotates, moves and, with output 1, projects vertices: p = R * (scale * vertex) +
+ * position, R being Rx * Ry * Rz for order 0 and Rz * Ry * Rx for order 1.
+ * transform: any other order or output writes nothing. source, sourceStride: x, y, z. destination,
+ * destinationStride: p as three floats; with output 1 five, p and then p.x * factorX / p.z and
+ * p.y * factorY / p.z, both 0 where p.z is below 1. count: vertices.
+ */
+BRSL_API void BRSL_CALL RotateVertexList(const BRSL_Transform *transform, const void *source,
+                                         int32_t sourceStride, void *destination,
+                                         int32_t destinationStride, int32_t count);
+
+/*
+ * Places vertices in the world and projects them as a camera sees them: w = R * (scale * vertex) +
+ * position of object - position of camera, p = F * Rx(-angleX) * Ry(-angleY) * Rz(-angleZ) * w by
+ * the angles of camera, F turning the sign of y.
+ * camera: position, angles and factors count. object: position, angles, order (as for
+ * RotateVertexList) and scale count. source, sourceStride: x, y, z. destination, destinationStride:
+ * five floats, p and its projection by the factors of camera, as there. count: vertices.
+ */
+BRSL_API void BRSL_CALL RotateVertexListToCamera(const BRSL_Transform *camera,
+                                                 const BRSL_Transform *object, const void *source,
+                                                 int32_t sourceStride, void *destination,
+                                                 int32_t destinationStride, int32_t count);
+
+/*
+ * Rotates and moves vertices: Rx(ax) * Ry(ay) * Rz(az) * vertex + (tx, ty, tz).
+ * source, sourceStride, destination, destinationStride: three floats each. count: vertices.
+ */
+BRSL_API void BRSL_CALL RotateVertexListXYZ(const void *source, int32_t sourceStride,
+                                            void *destination, int32_t destinationStride, float tx,
+                                            float ty, float tz, float ax, float ay, float az,
+                                            int32_t count);
+
+/*
+ * Rotates and moves vertices: Rz(az) * Ry(ay) * Rx(ax) * vertex + (tx, ty, tz).
+ * source, sourceStride, destination, destinationStride: three floats each. count: vertices.
+ */
+BRSL_API void BRSL_CALL RotateVertexListZYX(const void *source, int32_t sourceStride,
+                                            void *destination, int32_t destinationStride, float tx,
+                                            float ty, float tz, float ax, float ay, float az,
+                                            int32_t count);
+
+/*
+ * Scales and rotates vertices in the plane: with X = (ox + x) * sx, Y = (oy + y) * sy and the
+ * cosine c and sine s of angle, as TQ_Cos and TQ_Sin give them, writes X * c - Y * s and
+ * X * s + Y * c.
+ * source, sourceStride, destination, destinationStride: two floats each. count: one less than the
+ * vertices; 0 transforms one, a negative count none.
+ */
+BRSL_API void BRSL_CALL Rotate2DVertexList(const void *source, int32_t sourceStride,
+                                           void *destination, int32_t destinationStride, float ox,
+                                           float oy, float angle, float sx, float sy,
+                                           int32_t count);
+
+/*
+ * Interpolates between two lists: each of x, y and z becomes a + (b - a) * t.
+ * a, strideA, b, strideB: x, y, z. destination, destinationStride: three floats. count: vertices.
+ * t: any.
+ */
+BRSL_API void BRSL_CALL LerpVertexList(const void *a, int32_t strideA, const void *b,
+                                       int32_t strideB, void *destination,
+                                       int32_t destinationStride, int32_t count, float t);
+
+/* ---- Calculator ----------------------------------------------------------------------------
+ *
+ * A formula as a program of integers for a machine with one accumulator, over an array of float
+ * variables.
+ */
+
+/*
+ * Runs a program. Its word 0 is the index of the variable that the accumulator acc begins with;
+ * then come count instructions, each an opcode and, for those below, the index of its variable v:
+ *   1 .. 4     acc + v, acc - v, acc * v, acc / v      5   v = acc, acc stays
+ *   21 .. 24   the same with the cosine of v           6   acc = TQ_Power(acc, v)
+ *   31 .. 34   with its sine                           10  acc = v
+ *   41 .. 44   with its tangent
+ *   51 .. 54   with TQ_Rnd(v)
+ *   61 .. 64   with its square root
+ * Any other opcode does nothing and has no index. Operations 1-4 of each row and the functions
+ * before them are computed in long double, angles in degrees as by TQ_Cos, and each instruction
+ * rounds acc to a float. Divisions by 0 give infinities and not-a-numbers, but 54 and 64 then give
+ * 0.
+ * variables: floats. program: at least word 0. count: 0 or less returns the first variable.
+ * Returns acc; 0 where variables or program is null. The caller guarantees that the indices are
+ * those of variables, and that the program has count instructions.
+ */
+BRSL_API float BRSL_CALL TQ_FastCalc(float *variables, const int32_t *program, int32_t count);
 
 #ifdef __cplusplus
 }

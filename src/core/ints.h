@@ -23,4 +23,13 @@ inline intptr_t ByteOffset(int64_t index, int64_t step) {
   return static_cast<intptr_t>(index * step);
 }
 
+// The low 32 bits as a number: how sums of 32-bit numbers wrap around.
+inline int32_t Wrap(int64_t value) { return static_cast<int32_t>(value); }
+
+// The integer part, or the 32-bit number nearest to it; the lowest for what is not a number.
+inline int32_t Truncate(double value) {
+  if (!(value > INT32_MIN)) return INT32_MIN;
+  return value < INT32_MAX ? static_cast<int32_t>(value) : INT32_MAX;
+}
+
 }  // namespace brisal

@@ -3,6 +3,8 @@
 #include <cstdint>
 
 #include "core/canvas.h"
+#include "core/edge_buffer.h"
+#include "core/host_services.h"
 #include "core/quarter_circle.h"
 #include "core/random_state.h"
 #include "core/span.h"
@@ -27,7 +29,9 @@ struct State {
   SpanBuffer spans;
   VertexList vertices;
   GouraudBuffer gouraud;
+  EdgeBuffer edges;
   RandomState random;
+  HostServices services;
 };
 
 }  // namespace brisal
