@@ -1,8 +1,9 @@
 # Debian packages for the commands of ./dev, and how to get them. Sourced by dev.
 # shellcheck shell=bash disable=SC2034
 
-build_packages=(g++ cmake ninja-build python3 libpng-dev libcli11-dev)
-test_packages=(libgtest-dev clang binutils)
+build_packages=(g++ cmake ninja-build python3 libpng-dev libcli11-dev libfreetype-dev
+  fonts-dejavu-core)
+test_packages=(libgtest-dev clang binutils libsdl2-dev xvfb xauth)
 check_packages=(clang-format clang-tidy)
 peer_packages=(libpixman-1-dev libsdl2-dev libyuv-dev liballegro4-dev libagg-dev libcairo2-dev)
 package_lists_fresh=no

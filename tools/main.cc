@@ -6,7 +6,9 @@
 
 #include "brisal/brisal.h"
 #include "host/error.h"
-#include "tools/formats.h"
+#include "tools/animate/command.h"
+#include "tools/arguments.h"
+#include "tools/font/command.h"
 #include "tools/gallery/gallery.h"
 #include "tools/info.h"
 #include "tools/interrupt.h"
@@ -16,8 +18,6 @@ namespace brisal::tools {
 namespace {
 
 constexpr int kFailure = 1;
-constexpr int32_t kMaxSide = 16384;
-constexpr int64_t kMaxPixels = int64_t{64} << 20;
 
 struct GalleryArguments {
   std::string picture;
@@ -26,43 +26,15 @@ struct GalleryArguments {
   std::string size = "640x480";
 };
 
-void ParseSize(const std::string &text, GalleryOptions &options) {
-  int used = 0;
-  char after = 0;
-  if (text.size() > 11 || text.find_first_not_of("0123456789x") != std::string::npos ||
-      std::sscanf(text.c_str(), "%5dx%5d%n%c", &options.width, &options.height, &used, &after) !=
-          2 ||
-      static_cast<size_t>(used) != text.size()) {
-    throw host::Error("--size: '" + text + "' is not WIDTHxHEIGHT, such as 640x480");
-  }
-  if (options.width < 1 || options.height < 1) {
-    throw host::Error("--size: a picture of " + text + " has no pixels");
-  }
-  if (options.width > kMaxSide || options.height > kMaxSide ||
-      int64_t{options.width} * options.height > kMaxPixels) {
-    throw host::Error("--size: " + text + " is too large (at most " + std::to_string(kMaxSide) +
-                      " a side and " + std::to_string(kMaxPixels >> 20) + " megapixels)");
-  }
-}
-
-std::vector<FormatInfo> ParseFormat(const std::string &text) {
-  std::vector<FormatInfo> formats;
-  for (const FormatInfo &format : kFormats) {
-    if (text == "all" || text == format.name) formats.push_back(format);
-  }
-  if (formats.empty()) {
-    throw host::Error("--format: '" + text + "' is not one of 565, 555, rgb, x32, a32, all");
-  }
-  return formats;
-}
-
 GalleryOptions ToOptions(const GalleryArguments &arguments) {
   GalleryOptions options{};
   options.picture = arguments.picture;
-  options.formats = ParseFormat(arguments.format);
+  options.formats = ParseFormats(arguments.format);
   options.out = arguments.out;
   if (options.out.empty()) throw host::Error("--out: the folder has no name");
-  ParseSize(arguments.size, options);
+  const Size size = ParseSize(arguments.size);
+  options.width = size.width;
+  options.height = size.height;
   return options;
 }
 
@@ -106,6 +78,8 @@ int Run(int argc, char **argv) {
   app.failure_message(UsageMessage);
   GalleryArguments arguments;
   AddGallery(app, arguments);
+  AddAnimate(app);
+  AddFont(app);
   app.add_subcommand("info", "Print version, pixel formats and the instruction set in use")
       ->callback(PrintInfo);
   try {
