@@ -24,6 +24,15 @@ std::string Escape(const std::string &text) {
 
 bool IsWord(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; }
 
+bool IsLibraryName(const std::string &word) {
+  for (const char *prefix :
+       {"BRSL_", "TPD_", "CRF_", "RFCI_", "TQ_", "Scene", "Shape_", "CreateSpanCollision_",
+        "RotateVertexList", "Rotate2DVertexList", "LerpVertexList"}) {
+    if (word.starts_with(prefix)) return true;
+  }
+  return false;
+}
+
 // The library's own names stand out.
 std::string Highlight(const std::string &code) {
   std::string result;
@@ -31,8 +40,7 @@ std::string Highlight(const std::string &code) {
     size_t end = i;
     while (end < code.size() && IsWord(code[end])) end++;
     const std::string word = code.substr(i, end - i);
-    if ((word.starts_with("BRSL_") || word.starts_with("TPD_")) && end < code.size() &&
-        code[end] == '(') {
+    if (IsLibraryName(word) && end < code.size() && code[end] == '(') {
       result += "<b>" + word + "</b>";
     } else {
       result += word;

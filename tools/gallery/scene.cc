@@ -33,6 +33,7 @@ class Layout {
   void Take(char c) {
     if (c == ' ' && (line_.empty() || line_.back() == '(')) return;
     if (c == '}' && nested_ == 0) return CloseBlock();
+    if (c == ';' && line_.empty() && result_.ends_with("}\n")) return EndWithBlock();
     if (c == '{' && nested_ == 0 && AfterParenthesis()) return OpenBlock();
     if (c == '{') OpenList();
     if (c == '}') CloseList();
@@ -58,6 +59,12 @@ class Layout {
     depth_--;
     line_ += '}';
     Flush();
+  }
+
+  // What ends with a block, such as a function object, has its semicolon there.
+  void EndWithBlock() {
+    result_.back() = ';';
+    result_ += '\n';
   }
 
   // A list of lists gets a line for each of its members.

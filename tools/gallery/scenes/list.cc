@@ -90,6 +90,18 @@ constexpr Variant kScaling[] = {
     {"surface", "1111: filtered through the viewport", 1111},
 };
 
+constexpr Variant kFontModes[] = {
+    {"soft-0", "depth 8, mode 0: written", 0},
+    {"soft-1", "depth 8, mode 1: blended", 1},
+    {"soft-2", "depth 8, mode 2: on the backdrop", 2},
+    {"solid-0", "depth 8, solid, mode 0", 8},
+    {"solid-1", "depth 8, solid, mode 1", 9},
+    {"solid-2", "depth 8, solid, mode 2", 10},
+    {"colour-0", "depth 32, mode 0", 16},
+    {"colour-1", "depth 32, mode 1", 17},
+    {"colour-2", "depth 32, mode 2", 18},
+};
+
 constexpr Scene kScenes[] = {
     {"gouraud", "Gouraud polygons",
      "Colours run across triangles and quads: a lit ball made of small quads, a colour wheel of "
@@ -172,6 +184,39 @@ constexpr Scene kScenes[] = {
      "Gouraud colours at the corners light a wall and colour butterflies: multiplied, averaged and "
      "added.",
      DrawLitTextures},
+    {"captured-scenes", "Captured scenes",
+     "A town by the sea as a list of captured commands, twice as wide as the picture, drawn three "
+     "times at other scroll offsets; commands whose bounding box does not show are left out.",
+     DrawCapturedScenes},
+    {"host-commands", "Commands of the host",
+     "Maps, images, sprites, texts, dots and lines are captured too, for the host to draw. A camera "
+     "looks at the middle of the page: only commands that show there are drawn, the bounding boxes "
+     "of the others are outlined.",
+     DrawHostCommands},
+    {"edge-vectors", "Edge vectors",
+     "A ray of light in a room of mirrors, reflected by the normals of its walls.", DrawEdgeVectors},
+    {"collisions", "Collisions",
+     "Span lists of lines, ellipses, boxes and polygons against turned butterflies, and butterflies "
+     "against each other. Only opaque pixels count: what touches is red.",
+     DrawCollisions},
+    {"edge-buffers", "Edge buffers",
+     "Outlines that cross themselves, filled by the even-odd rule.", DrawEdgeBuffers},
+    {"vertex-transforms", "Vertex transforms",
+     "Lists of points turned, seen by a camera and projected; a cube that becomes a ball step by "
+     "step, and squares turned in the plane.",
+     DrawVertexTransforms},
+    {"calculator", "The calculator",
+     "Two small programs compute the distance from the centre and the height of a ripple for 9,680 "
+     "points.",
+     DrawCalculator},
+    {"text", "Text",
+     "Raster fonts made from outlines: a title and its shadow, a column broken into lines by the "
+     "width of words, letters that are clipped by windows, and letters on a wave.",
+     DrawText},
+    {"font-modes", "Draw modes of fonts",
+     "Glyphs of intensities, solid ones, and glyphs of colours, in the three modes that a font has. "
+     "Mode 0 writes what glyphs hold, edges too; mode 1 blends; mode 2 blends into one colour.",
+     DrawFontModes, kFontModes, BRSL_FORMAT_X32},
 };
 
 }  // namespace

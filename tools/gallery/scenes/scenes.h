@@ -27,5 +27,14 @@ void DrawLitTextures(Stage &stage);
 void DrawFilters(Stage &stage);
 void DrawScaling(Stage &stage);
 void DrawMapBlocks(Stage &stage);
+void DrawCapturedScenes(Stage &stage);
+void DrawHostCommands(Stage &stage);
+void DrawEdgeVectors(Stage &stage);
+void DrawCollisions(Stage &stage);
+void DrawEdgeBuffers(Stage &stage);
+void DrawVertexTransforms(Stage &stage);
+void DrawCalculator(Stage &stage);
+void DrawText(Stage &stage);
+void DrawFontModes(Stage &stage);
 
 }  // namespace brisal::tools
