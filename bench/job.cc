@@ -27,6 +27,14 @@ const char *NameOf(Kind kind) {
       {Kind::kBlur, "blur"},
       {Kind::kGrey, "grey"},
       {Kind::kFade, "fade"},
+      {Kind::kCapturedBox, "captured box"},
+      {Kind::kCapturedQuad, "captured textured quad"},
+      {Kind::kFilledCollision, "filled against textured"},
+      {Kind::kTexturedCollision, "textured against textured"},
+      {Kind::kSoftText, "soft text"},
+      {Kind::kHardText, "hard text"},
+      {Kind::kFontLoad, "font load"},
+      {Kind::kFontSave, "font save"},
   };
   return kNames.at(kind);
 }
@@ -61,7 +69,8 @@ std::string Job::Name() const {
   std::string name = text;
   if (source != 0 && source != format) name += std::string(NameOfFormat(source)) + " to ";
   name += NameOfFormat(format);
-  const bool hasMode = source == 0 ? !IsFilter() : mode != DRAW_SOLID;
+  const bool hasMode =
+      source == 0 ? !IsFilter() && !IsComparison() && !IsText() && !IsFont() : mode != DRAW_SOLID;
   return hasMode ? name + " " + NameOfMode(mode) : name;
 }
 

@@ -32,6 +32,17 @@ enum class Kind {
   kBlur,
   kGrey,
   kFade,
+  // Captured and rendered:
+  kCapturedBox,
+  kCapturedQuad,
+  // Of shapes that meet without an opaque pixel in common:
+  kFilledCollision,
+  kTexturedCollision,
+  // Of glyphs:
+  kSoftText,
+  kHardText,
+  kFontLoad,
+  kFontSave,
 };
 
 // What the picture of a job holds: opaque colours, mask colour among them, all kinds of alpha, or alpha
@@ -61,6 +72,11 @@ struct Job {
   bool IsFilter() const {
     return kind == Kind::kBlur || kind == Kind::kGrey || kind == Kind::kFade;
   }
+  bool IsComparison() const {
+    return kind == Kind::kFilledCollision || kind == Kind::kTexturedCollision;
+  }
+  bool IsText() const { return kind == Kind::kSoftText || kind == Kind::kHardText; }
+  bool IsFont() const { return kind == Kind::kFontLoad || kind == Kind::kFontSave; }
   bool IsTurned() const { return kind == Kind::kSprite || kind == Kind::kBilinearQuad; }
   bool IsBilinear() const {
     return kind == Kind::kBilinearQuad || kind == Kind::kBilinearScale ||

@@ -306,7 +306,7 @@ std::vector<Contender> LimitContenders(const Job &job, const Canvas &canvas) {
   if (job.IsCopy()) return {CopyLimit(job, canvas)};
   const std::vector<Run> runs = RunsOf(job, canvas);
   if (runs.empty()) return {};
-  const bool isSolid = job.mode == DRAW_SOLID && !job.IsFilter();
+  const bool isSolid = job.mode == DRAW_SOLID && !job.IsFilter() && job.kind != Kind::kSoftText;
   std::vector<Contender> contenders;
   for (const auto &[name, write] : WritersOf(isSolid, runs, canvas.bytesPerPixel)) {
     contenders.push_back({name, [runs, job, canvas, write = write](unsigned i) {

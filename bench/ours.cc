@@ -1,7 +1,9 @@
 #include <memory>
 
+#include "bench/collision.h"
 #include "bench/contenders.h"
 #include "bench/picture.h"
+#include "bench/text.h"
 
 namespace brisal::bench {
 namespace {
@@ -127,6 +129,30 @@ std::function<void(unsigned)> Change(const Job &job, const Canvas &canvas, Filte
   return [boxes = Boxes(job, canvas), filter](unsigned i) { filter(boxes[i & 31].get()); };
 }
 
+std::function<void(unsigned)> CapturedBox(const Job &job) {
+  const int flags = job.mode == DRAW_SOLID ? BRSL_FILLED : BRSL_FILLED | job.mode;
+  return [job, flags](unsigned i) {
+    const auto [x, y] = SpotOf(job, i);
+    Scene_Record record;
+    Scene_Write_Capture_Box(&record, flags, 500, 300, 500 + job.width, 300 + job.height, 0, kInk);
+    Scene_Render_Captured_Box(&record, 500 - x, 300 - y);
+  };
+}
+
+std::function<void(unsigned)> CapturedQuad(const Job &job, const Picture &picture) {
+  const std::shared_ptr<TPD_Pipeline> pipeline(TPD_Alloc(), TPD_Free);
+  return [job, pipeline, texture = SurfaceOf(picture), u = picture.width - 1,
+          v = picture.height - 1](unsigned i) {
+    const auto [x, y] = SpotOf(job, i);
+    const int right = 500 + job.width;
+    const int bottom = 300 + job.height;
+    Scene_Record record;
+    Scene_Write_Capture_QuadT(&record, 0, 500, 300, 0, 0, right, 300, u, 0, right, bottom, u, v,
+                              500, bottom, 0, v, 0, 0, 2);
+    Scene_Render_Captured_PolygonT(&record, 500 - x, 300 - y, texture.get(), pipeline.get());
+  };
+}
+
 }  // namespace
 
 std::function<void(unsigned)> Drawing(const Job &job, const Canvas &canvas) {
@@ -170,6 +196,14 @@ std::function<void(unsigned)> Drawing(const Job &job, const Canvas &canvas) {
     case Kind::kFade:
       return Change(job, canvas,
                     [](BRSL_SurfaceDesc *box) { BRSL_FillRect_Fade(box, kFadePercent); });
+    case Kind::kCapturedBox: return CapturedBox(job);
+    case Kind::kCapturedQuad: return CapturedQuad(job, Picture::Of(job));
+    case Kind::kFilledCollision:
+    case Kind::kTexturedCollision: return Collision(job);
+    case Kind::kSoftText:
+    case Kind::kHardText: return TextDrawing(job);
+    case Kind::kFontLoad:
+    case Kind::kFontSave: return FontTransfer(job);
   }
   return {};
 }

@@ -5,6 +5,7 @@
 
 #include "bench/canvas.h"
 #include "bench/picture.h"
+#include "bench/text.h"
 
 namespace brisal::bench {
 namespace {
@@ -41,7 +42,7 @@ Bitmap BitmapOf(const Picture &picture) {
 }
 
 void SetMode(const Job &job) {
-  if (job.HasAlpha()) return set_alpha_blender();
+  if (job.HasAlpha() || job.kind == Kind::kSoftText) return set_alpha_blender();
   switch (job.mode) {
     case DRAW_XOR: drawing_mode(DRAW_MODE_XOR, nullptr, 0, 0); return;
     case DRAW_ALPHA:
@@ -184,13 +185,43 @@ std::function<void(unsigned)> PictureDrawing(const Job &job, const Bitmap &targe
   }
 }
 
+// Hard letters are characters of eight bits, soft ones sprites with alpha.
+std::function<void(unsigned)> TextDrawing(const Job &job, const Bitmap &target) {
+  const bool isSoft = job.kind == Kind::kSoftText;
+  std::vector<Bitmap> letters;
+  for (const Letter &letter : Letters(job)) {
+    const Bitmap bitmap(create_bitmap_ex(isSoft ? 32 : 8, kGlyphSize, kGlyphSize), destroy_bitmap);
+    for (int k = 0; k < kGlyphSize * kGlyphSize; ++k) {
+      const int value = letter[static_cast<size_t>(k)];
+      const auto pixel = static_cast<int>((kInk & 0xFFFFFF) | static_cast<uint32_t>(value) << 24);
+      putpixel(bitmap.get(), k % kGlyphSize, k / kGlyphSize, isSoft ? pixel : value);
+    }
+    letters.push_back(bitmap);
+  }
+  const int ink = makecol_depth(bitmap_color_depth(target.get()), kInk >> 16 & 0xFF,
+                                kInk >> 8 & 0xFF, kInk & 0xFF);
+  return [=](unsigned i) {
+    const auto [x, y] = SpotOf(job, i);
+    for (int n = 0; n < kGlyphs; ++n) {
+      BITMAP *const letter = letters[LetterAt(n)].get();
+      const Point place = PlaceOf(n);
+      if (isSoft) {
+        draw_trans_sprite(target.get(), letter, x + place.x, y + place.y);
+      } else {
+        draw_character_ex(target.get(), letter, x + place.x, y + place.y, ink, -1);
+      }
+    }
+  };
+}
+
 std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
   static const bool started = Start();
   if (!started || !HasMode(job)) return {};
   const Bitmap bitmap = BitmapOf(canvas);
   if (!bitmap) return {};
-  std::function<void(unsigned)> draw =
-      job.source != 0 ? PictureDrawing(job, bitmap) : Drawing(job, bitmap);
+  std::function<void(unsigned)> draw = job.IsText()      ? TextDrawing(job, bitmap)
+                                       : job.source != 0 ? PictureDrawing(job, bitmap)
+                                                         : Drawing(job, bitmap);
   if (!draw) return {};
   return {{"Allegro", draw, [job] { SetMode(job); }}};
 }

@@ -4,6 +4,7 @@
 
 #include "bench/canvas.h"
 #include "bench/picture.h"
+#include "bench/text.h"
 
 namespace brisal::bench {
 namespace {
@@ -110,10 +111,31 @@ std::vector<Contender> Copy(const Job &job, const Context &context) {
            }}};
 }
 
+std::vector<Contender> Text(const Job &job, const Context &context) {
+  using Mask = std::shared_ptr<cairo_surface_t>;
+  const auto letters = std::make_shared<std::vector<Letter>>(Letters(job));
+  std::vector<Mask> masks;
+  for (Letter &letter : *letters) {
+    masks.emplace_back(cairo_image_surface_create_for_data(letter.data(), CAIRO_FORMAT_A8,
+                                                           kGlyphSize, kGlyphSize, kGlyphSize),
+                       cairo_surface_destroy);
+  }
+  return {{"cairo", [=](unsigned i) {
+             const auto [x, y] = SpotOf(job, i);
+             for (int n = 0; n < kGlyphs; ++n) {
+               const Point place = PlaceOf(n);
+               cairo_mask_surface(context.get(), masks[LetterAt(n)].get(), x + place.x,
+                                  y + place.y);
+             }
+             static_cast<void>(letters);
+           }}};
+}
+
 std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
   const Context context = ContextOf(job, canvas);
   if (!context) return {};
   if (job.source != 0) return Copy(job, context);
+  if (job.IsText()) return Text(job, context);
   cairo_t *const to = context.get();
   switch (job.kind) {
     case Kind::kBox:

@@ -4,6 +4,7 @@
 
 #include "bench/canvas.h"
 #include "bench/picture.h"
+#include "bench/text.h"
 
 namespace brisal::bench {
 namespace {
@@ -148,7 +149,37 @@ std::vector<Contender> Filter(const Job &job, const Canvas &canvas) {
       Composite(job, Own(pixman_image_create_solid_fill(&shade)), ImageOf(canvas), PIXMAN_OP_OVER)};
 }
 
+using GlyphCache = std::shared_ptr<pixman_glyph_cache_t>;
+
+std::vector<Contender> Text(const Job &job, const Canvas &canvas) {
+  const GlyphCache cache(pixman_glyph_cache_create(), [](pixman_glyph_cache_t *owned) {
+    pixman_glyph_cache_thaw(owned);
+    pixman_glyph_cache_destroy(owned);
+  });
+  pixman_glyph_cache_freeze(cache.get());
+  std::vector<const void *> entries;
+  for (Letter letter : Letters(job)) {
+    const Image image =
+        Own(pixman_image_create_bits(PIXMAN_a8, kGlyphSize, kGlyphSize,
+                                     reinterpret_cast<uint32_t *>(letter.data()), kGlyphSize));
+    auto *const key = reinterpret_cast<void *>(entries.size() + 1);
+    entries.push_back(pixman_glyph_cache_insert(cache.get(), key, key, 0, 0, image.get()));
+  }
+  std::vector<pixman_glyph_t> glyphs;
+  for (int n = 0; n < kGlyphs; ++n) {
+    glyphs.push_back({PlaceOf(n).x, PlaceOf(n).y, entries[LetterAt(n)]});
+  }
+  const pixman_color_t colour = ColourOf(job);
+  return {{"pixman", [=, source = Own(pixman_image_create_solid_fill(&colour)),
+                      target = ImageOf(canvas)](unsigned i) mutable {
+             const auto [x, y] = SpotOf(job, i);
+             pixman_composite_glyphs_no_mask(PIXMAN_OP_OVER, source.get(), target.get(), 0, 0, x, y,
+                                             cache.get(), kGlyphs, glyphs.data());
+           }}};
+}
+
 std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
+  if (job.IsText()) return Text(job, canvas);
   if (job.source != 0) return Copy(job, canvas);
   if (job.IsFilter()) return Filter(job, canvas);
   pixman_op_t op;

@@ -4,6 +4,7 @@
 
 #include "bench/canvas.h"
 #include "bench/picture.h"
+#include "bench/text.h"
 
 namespace brisal::bench {
 namespace {
@@ -187,6 +188,42 @@ std::vector<Contender> Copy(const Job &job, const SharedTarget &target, SDL_Blen
            }}};
 }
 
+// A surface for each letter: in the ink's colour with alpha; hard ones of the target's format, without
+// the colour around them, which are quicker to draw.
+std::vector<Surface> LettersOf(const Job &job, const SharedTarget &target) {
+  std::vector<Surface> surfaces;
+  for (const Letter &letter : Letters(job)) {
+    Surface surface(
+        SDL_CreateRGBSurfaceWithFormat(0, kGlyphSize, kGlyphSize, 32, SDL_PIXELFORMAT_ARGB8888),
+        SDL_FreeSurface);
+    auto *const pixels = static_cast<uint32_t *>(surface->pixels);
+    for (size_t k = 0; k < letter.size(); ++k) {
+      pixels[k] = (kInk & 0xFFFFFF) | static_cast<uint32_t>(letter[k]) << 24;
+      if (job.kind == Kind::kHardText && letter[k] == 0) pixels[k] = 0xFF000000 | kMaskColour;
+    }
+    if (job.kind == Kind::kHardText) {
+      surface.reset(SDL_ConvertSurface(surface.get(), target->surface->format, 0), SDL_FreeSurface);
+      SDL_SetSurfaceBlendMode(surface.get(), SDL_BLENDMODE_NONE);
+      SDL_SetColorKey(surface.get(), SDL_TRUE,
+                      SDL_MapRGB(surface->format, kMaskColour >> 16 & 0xFF, kMaskColour >> 8 & 0xFF,
+                                 kMaskColour & 0xFF));
+      SDL_SetSurfaceRLE(surface.get(), 1);
+    }
+    surfaces.push_back(surface);
+  }
+  return surfaces;
+}
+
+std::vector<Contender> Text(const Job &job, const SharedTarget &target) {
+  return {{"SDL", [=, letters = LettersOf(job, target)](unsigned i) {
+             const auto [x, y] = SpotOf(job, i);
+             for (int n = 0; n < kGlyphs; ++n) {
+               SDL_Rect place = {x + PlaceOf(n).x, y + PlaceOf(n).y, kGlyphSize, kGlyphSize};
+               SDL_BlitSurface(letters[LetterAt(n)].get(), nullptr, target->surface, &place);
+             }
+           }}};
+}
+
 std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
   SDL_BlendMode blend;
   if (!BlendOf(job, &blend)) return {};
@@ -214,6 +251,8 @@ std::vector<Contender> Offer(const Job &job, const Canvas &canvas) {
     case Kind::kWeighedScale: return Copy(job, target, blend);
     case Kind::kTexturedTriangle:
     case Kind::kSprite: return {RenderTextured(job, target)};
+    case Kind::kSoftText:
+    case Kind::kHardText: return Text(job, target);
     default: return {};
   }
 }

@@ -22,6 +22,7 @@ const std::vector<Formats> kSame = {
 const std::vector<Formats> kConversions = {{kX32, k565}, {k565, kX32}, {kX32, kRgb}, {kRgb, kX32},
                                            {k565, kRgb}, {kRgb, k565}, {k565, k555}, {k555, k565}};
 const std::vector<Formats> kTwo = {{k565, k565}, {kX32, kX32}};
+const std::vector<Formats> kThree = {{0, k565}, {0, kRgb}, {0, kX32}};
 const std::vector<Formats> kAlpha = {{kA32, k565}, {kA32, kX32}};
 
 struct Family {
@@ -62,6 +63,14 @@ const std::vector<Family> kFamilies = {
     {Kind::kBlur, {{640, 480}}, kSolid, {{0, kX32}}},
     {Kind::kGrey, {{640, 480}}, kSolid, {{0, kX32}}},
     {Kind::kFade, {{640, 480}}, kSolid, {{0, kX32}}},
+    {Kind::kCapturedBox, {{32, 32}}, kSolidAndAlpha, {{0, k565}, {0, kX32}}},
+    {Kind::kCapturedQuad, {{64, 64}}, kSolid, kTwo},
+    {Kind::kFilledCollision, {{100, 100}}, kSolid, {{0, k565}, {0, kX32}}},
+    {Kind::kTexturedCollision, {{100, 100}}, kSolid, {{0, k565}, {0, kX32}}},
+    {Kind::kSoftText, {{1600, 32}}, kSolid, kThree},
+    {Kind::kHardText, {{1600, 32}}, kSolid, kThree},
+    {Kind::kFontLoad, {{16, 16}}, kSolid, {{0, kX32}}},
+    {Kind::kFontSave, {{16, 16}}, kSolid, {{0, kX32}}},
 };
 
 }  // namespace
