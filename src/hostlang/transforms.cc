@@ -64,6 +64,13 @@ class Matrix {
     for (int i = 0; i < 9; ++i) entry_[i] = static_cast<float>(rotation.at[i / 3][i % 3]);
   }
 
+  // The same with y turned around.
+  Matrix Upright() const {
+    Matrix upright = *this;
+    for (int i = 3; i < 6; ++i) upright.entry_[i] = -entry_[i];
+    return upright;
+  }
+
   Point operator*(const Point &p) const {
     return {entry_[0] * p.x + entry_[1] * p.y + entry_[2] * p.z,
             entry_[3] * p.x + entry_[4] * p.y + entry_[5] * p.z,
@@ -145,14 +152,16 @@ void ViewVertices(const BRSL_Transform &camera, const BRSL_Transform &object, So
                   TargetVertices to, int32_t count) {
   if (!HasOrder(object)) return;
   const Placement place(object);
-  const Matrix look(Rotation::X(-camera.angleX) * Rotation::Y(-camera.angleY) *
-                    Rotation::Z(-camera.angleZ));
+  // On screens rows grow downwards.
+  const Matrix look = Matrix(Rotation::X(-camera.angleX) * Rotation::Y(-camera.angleY) *
+                             Rotation::Z(-camera.angleZ))
+                          .Upright();
   for (int32_t i = 0; i < count; ++i) {
     float v[3];
     Load(from, i, v);
     const Point world = place(v);
     const Point p = look * Point{world.x - camera.x, world.y - camera.y, world.z - camera.z};
-    StoreProjected(to, i, {p.x, -p.y, p.z}, camera);  // rows grow downwards
+    StoreProjected(to, i, p, camera);
   }
 }
 
