@@ -217,7 +217,7 @@ TEST(WorkedValues, MemoryFunctionsOfEveryLengthAndAlignment) {
       for (int32_t size = 0; size <= 8; size++) {
         actual = expected = source;
         (FillMemory)(&actual[64 + start], length, 0x89ABCDEF, size);
-        reference::Fill(&expected[64 + start], 1, length, 0x89ABCDEF, size);
+        reference::Fill(&expected[64 + start], length, 0x89ABCDEF, size);
         ASSERT_EQ(actual, expected) << start << " " << length << " " << size;
       }
       if (length < 0) continue;

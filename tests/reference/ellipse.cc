@@ -14,10 +14,6 @@ int64_t Quarter(int64_t k) {
   return static_cast<int64_t>(std::sqrt(static_cast<double>(16384 * 16384 - (k + 1) * (k + 1))));
 }
 
-int64_t HalfWidth(int64_t n, int64_t r, int64_t scale) {
-  return (Quarter(n * 16384 / r) * scale) >> 14;
-}
-
 bool Outside(const Rect &v, int64_t cx, int64_t cy, int64_t rx, int64_t ry) {
   return cx + rx < v.left || cx - rx > v.right || cy + ry < v.top || cy - ry > v.bottom;
 }
@@ -27,6 +23,10 @@ bool WhollyInside(const Rect &v, int64_t cx, int64_t cy, int64_t rx, int64_t ry)
 }
 
 }  // namespace
+
+int64_t HalfWidth(int64_t n, int64_t r, int64_t scale) {
+  return (Quarter(n * 16384 / r) * scale) >> 14;
+}
 
 void Reference::Circle(int32_t cx, int32_t cy, int32_t r, uint32_t colour, int32_t flags) {
   Ellipse(cx, cy, r, r, colour, flags);

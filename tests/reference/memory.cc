@@ -6,7 +6,11 @@ void Copy(const uint8_t *source, uint8_t *destination, uint32_t byteCount) {
   for (uint32_t i = 0; i < byteCount; i++) destination[i] = source[i];
 }
 
-void Fill(uint8_t *destination, int32_t stride, int32_t count, uint32_t value, int32_t size) {
+void Fill(uint8_t *destination, int32_t count, uint32_t value, int32_t size) {
+  FillEx(destination, 1, count, value, size);
+}
+
+void FillEx(uint8_t *destination, int32_t stride, int32_t count, uint32_t value, int32_t size) {
   const int bytes = (size & 7) == 0 ? 1 : size & 7;
   if (bytes > 4 || stride == 0) return;
   for (int64_t i = 0; i < count; i++) {

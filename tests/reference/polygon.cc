@@ -60,25 +60,27 @@ bool TurnsClockwise(const Vertex &a, const Vertex &b, const Vertex &c) {
   return high > 0 || (high == 0 && (rest & 0xFFFF) != 0);
 }
 
-// Sprites run from texel centre to texel centre.
-Values ValuesAt(const Vertex &v, bool sprite) {
+// Sprites and lists of spans run from texel centre to texel centre.
+Values ValuesAt(const Vertex &v, Edges edges) {
+  const int64_t centre = edges == Edges::kPlain ? 0 : 0x8000;
   Values values;
   for (int c = 0; c < 3; c++) values[c] = Channel(v.colour, c) * 65536;
-  values[3] = v.u * int64_t{65536} + (sprite ? 0x8000 : 0);
-  values[4] = v.v * int64_t{65536} + (sprite ? 0x8000 : 0);
+  values[3] = v.u * int64_t{65536} + centre;
+  values[4] = v.v * int64_t{65536} + centre;
   return values;
 }
 
 // Sends a chain that stands on a vertex of this row to its next one; false where that lies above.
-bool StartEdge(const Vertices &v, Chain &chain, int64_t row, int count, bool sprite) {
+bool StartEdge(const Vertices &v, Chain &chain, int64_t row, int count, Edges edges) {
   if (v[chain.vertex].y != row) return true;
   chain.x = v[chain.vertex].x * int64_t{65536};
+  if (edges == Edges::kSpanList) chain.values = ValuesAt(v[chain.vertex], edges);
   chain.vertex = NextOffRow(v, chain.vertex, row, chain.direction, count);
   const Vertex &next = v[chain.vertex];
   if (next.y < row) return false;
   const int64_t height = std::max<int64_t>(next.y - row, 1);
   chain.xStep = (next.x * int64_t{65536} - chain.x) / height;
-  const Values target = ValuesAt(next, sprite);
+  const Values target = ValuesAt(next, edges);
   for (int i = 0; i < 5; i++) chain.steps[i] = (target[i] - chain.values[i]) / height;
   return true;
 }
@@ -97,8 +99,8 @@ bool Reference::ReachesViewport(int count) const {
 }
 
 template <class Row>
-void Reference::WalkPolygon(int count, bool sprite, Row row) const {
-  if (!ReachesViewport(count)) return;
+void Reference::WalkPolygon(int count, Edges edges, Row row) const {
+  if (edges == Edges::kSpanList ? count < 2 || count > 8 : !ReachesViewport(count)) return;
   const Vertices &v = vertices_;
   const auto [leftmost, rightmost] = std::minmax_element(v.begin(), v.begin() + count, kByX);
   const auto topmost = std::min_element(v.begin(), v.begin() + count, kByY);
@@ -110,14 +112,17 @@ void Reference::WalkPolygon(int count, bool sprite, Row row) const {
   const int leftDirection = TurnsClockwise(v[0], v[1], v[2]) ? -1 : 1;
   Chain left{.vertex = leftStart, .direction = leftDirection};
   Chain right{.vertex = rightStart, .direction = -leftDirection};
-  left.values = ValuesAt(v[leftStart], sprite);
-  right.values = ValuesAt(v[rightStart], sprite);
+  left.values = ValuesAt(v[leftStart], edges);
+  right.values = ValuesAt(v[rightStart], edges);
 
   int64_t y = topmost->y;
   for (int segment = 0; segment < count - 1 && y < viewport.bottom; segment++) {
-    if (!StartEdge(v, left, y, count, sprite) || !StartEdge(v, right, y, count, sprite)) return;
-    const bool flatBottom = sprite && v[left.vertex].y == v[right.vertex].y && left.x != right.x;
-    const int64_t end = std::min<int64_t>(v[left.vertex].y, v[right.vertex].y) + flatBottom;
+    if (!StartEdge(v, left, y, count, edges) || !StartEdge(v, right, y, count, edges)) return;
+    const bool flatBottom =
+        edges == Edges::kSprite && v[left.vertex].y == v[right.vertex].y && left.x != right.x;
+    // An edge without height takes a row.
+    const int64_t lower = std::min(v[left.vertex].y, v[right.vertex].y);
+    const int64_t end = std::max<int64_t>(lower, y + 1) + flatBottom;
     for (; y < end && y < viewport.top; y = std::min<int64_t>(end, viewport.top)) {
       const int64_t skipped = std::min<int64_t>(end, viewport.top) - y;
       left.Advance(skipped);
@@ -182,21 +187,43 @@ void Reference::TexturedPolygon(const BRSL_SurfaceDesc *texture, int count, cons
     vertices_[i].u = std::clamp(vertices_[i].u, 0, texture->width - 1);
     vertices_[i].v = std::clamp(vertices_[i].v, 0, texture->height - 1);
   }
-  WalkPolygon(count, sprite, [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
-    PolygonRow(*texture, *p, y, left, right, clip, sprite);
-  });
+  WalkPolygon(count, sprite ? Edges::kSprite : Edges::kPlain,
+              [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
+                PolygonRow(*texture, *p, y, left, right, clip, sprite);
+              });
 }
 
 void Reference::DrawFlatPoly(int count, uint32_t colour, int32_t mode) {
-  WalkPolygon(count, false, [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
-    FlatRow(y, left, right, clip, Pack(colour), ShapeMode(mode));
-  });
+  WalkPolygon(count, Edges::kPlain,
+              [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
+                FlatRow(y, left, right, clip, Pack(colour), ShapeMode(mode));
+              });
 }
 
 void Reference::DrawGouraudPoly(int32_t count, int32_t mode) {
-  WalkPolygon(count, false, [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
-    GouraudRow(y, left, right, clip, ShapeMode(mode));
-  });
+  WalkPolygon(count, Edges::kPlain,
+              [&](int64_t y, const Chain &left, const Chain &right, bool clip) {
+                GouraudRow(y, left, right, clip, ShapeMode(mode));
+              });
+}
+
+// Both ends rounded towards zero, whatever the viewport.
+std::vector<BRSL_TexturedSpan> Reference::PolygonSpans(const BRSL_VertexBuffer &corners,
+                                                       int32_t count) {
+  Reference unbounded;
+  unbounded.viewport = {INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+  for (int i = 0; i < 8; i++) {
+    unbounded.SetCorner(i, {corners.x[i], corners.y[i], 0, corners.u[i], corners.v[i]});
+  }
+  std::vector<BRSL_TexturedSpan> spans;
+  const auto whole = [](int64_t value) { return static_cast<int32_t>(value); };
+  unbounded.WalkPolygon(count, Edges::kSpanList,
+                        [&](int64_t y, const Chain &left, const Chain &right, bool) {
+                          spans.push_back({whole(y), whole(left.x / 65536), whole(left.values[3]),
+                                           whole(left.values[4]), whole(right.x / 65536),
+                                           whole(right.values[3]), whole(right.values[4])});
+                        });
+  return spans;
 }
 
 void Reference::SetVertex(int slot, int32_t x, int32_t y) {

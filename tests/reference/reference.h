@@ -5,8 +5,10 @@
 #include <array>
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 #include "brisal/brisal.h"
+#include "reference/random_numbers.h"
 
 namespace reference {
 
@@ -38,6 +40,10 @@ struct Vertex {
 };
 
 struct Chain;
+
+// What the edges of a polygon carry: texel corners, or texel centres that lists of spans take anew
+// from each vertex.
+enum class Edges { kPlain, kSprite, kSpanList };
 
 // A row of a textured shape: left to right - 1, texel coordinates in 16.16.
 struct TexturedRow {
@@ -122,6 +128,43 @@ class Reference : public Buffer {
 
   void MirrorRect(const int32_t (&rect)[4], int32_t horizontal, int32_t vertical);
 
+  void DrawText(const CRF_Font *font, const char *text, int32_t length, int32_t x, int32_t y,
+                uint32_t colour);
+
+  int32_t ObjectVisible(const Scene_Record *r, int32_t dx, int32_t dy) const;
+  void RenderBox(const Scene_Record *r, int32_t dx, int32_t dy);
+  void RenderShadeBox(const Scene_Record *r, int32_t dx, int32_t dy);
+  void RenderCircle(const Scene_Record *r, int32_t dx, int32_t dy);
+  void RenderEllipse(const Scene_Record *r, int32_t dx, int32_t dy);
+  void RenderPolygon(const Scene_Record *r, int32_t dx, int32_t dy);
+  void RenderPolygonG(const Scene_Record *r, int32_t dx, int32_t dy);
+  void RenderPolygonT(const Scene_Record *r, int32_t dx, int32_t dy,
+                      const BRSL_SurfaceDesc *texture, const TPD_Pipeline *p);
+  void RenderGouraudStripH(const Scene_Record *r, int32_t dx, int32_t dy);
+  void RenderGouraudStripV(const Scene_Record *r, int32_t dx, int32_t dy);
+  void RenderTextureStripH(const Scene_Record *r, int32_t dx, int32_t dy,
+                           const BRSL_SurfaceDesc *texture);
+  void RenderTextureStripV(const Scene_Record *r, int32_t dx, int32_t dy,
+                           const BRSL_SurfaceDesc *texture);
+
+  static std::vector<BRSL_TexturedSpan> PolygonSpans(const BRSL_VertexBuffer &corners,
+                                                     int32_t count);
+  void ListTexturedPolygon(const BRSL_VertexBuffer *corners, int32_t count,
+                           BRSL_TexturedSpans *list, uint32_t maskColour) const;
+  void DrawSpansEdges(const BRSL_TexturedSpans *list);
+
+  void SetShapeBuffers(int32_t *rowTable, void *nodePool);
+  void AddShapeVert(float x, int32_t row);
+  void BufferShapeEdge(float x1, float y1, float x2, float y2, int32_t firstRow, int32_t endRow);
+  void DrawShape(int32_t *rowHeads, const void *unused, uint32_t colour, int32_t mode);
+  int32_t ListShape(BRSL_CollisionSpans *list, int32_t left, int32_t top, int32_t right,
+                    int32_t bottom, int32_t *rowTable, const void *unused);
+
+  float Rnd(float max) { return generator_.Draw(max); }
+  void Randomize(int32_t seed) { generator_.Seed(seed); }
+  uint32_t RandomColour() { return generator_.Colour(); }
+  float FastCalc(float *variables, const int32_t *program, int32_t count);
+
   // A row of texels through a pipeline, as every textured shape draws it.
   void TexturedSpan(const BRSL_SurfaceDesc &texture, const TPD_Pipeline &p, const TexturedRow &row);
 
@@ -151,7 +194,7 @@ class Reference : public Buffer {
   std::pair<uint32_t, uint32_t> RowColours(const Chain &left, const Chain &right, int64_t from,
                                            int64_t to) const;
   template <class Row>
-  void WalkPolygon(int count, bool sprite, Row row) const;
+  void WalkPolygon(int count, Edges edges, Row row) const;
 
   template <class Visit>
   void VisitBlit(int32_t sx1, int32_t sy1, int32_t sx2, int32_t sy2, int32_t dx, int32_t dy,
@@ -173,7 +216,16 @@ class Reference : public Buffer {
   void PlotTexel(const TPD_Pipeline &p, bool withAlpha, int64_t x, int64_t y, uint32_t texel);
   void PlotTexelByAlpha(int64_t x, int64_t y, uint32_t texel);
 
+  void DrawGlyph(const CRF_Font &font, const uint8_t *block, int64_t x, int64_t y, uint32_t colour);
+  void PlotGlyphPixel(const CRF_Font &font, int64_t x, int64_t y, uint32_t pixel, uint32_t colour);
+  bool SetCapturedVertices(const Scene_Record *r, int32_t dx, int32_t dy);
+  bool Reaches(int64_t left, int64_t top, int64_t right, int64_t bottom) const;
+  Scene_Vertex Mapped(const Scene_Record *r, int k, int32_t dx, int32_t dy) const;
+
   std::array<Vertex, 8> vertices_;
+  int32_t *rowTable_ = nullptr;
+  uint8_t *nodePool_ = nullptr;
+  Generator generator_;
 };
 
 // A colour packed for a format, and a stored pixel widened to a colour.
@@ -221,6 +273,9 @@ int32_t MoveMapBlock(const BRSL_SurfaceDesc *src, int32_t x1, int32_t y1, int32_
 // count as 0.
 uint32_t FilteredTexel(const BRSL_SurfaceDesc &texture, int64_t u, int64_t v, bool compression);
 
+// Half the width of an ellipse of height r and width scale, at height n.
+int64_t HalfWidth(int64_t n, int64_t r, int64_t scale);
+
 // The draw mode of a shape's flags.
 int32_t ShapeMode(int32_t flags);
 
@@ -232,7 +287,8 @@ uint32_t Combine(int32_t format, uint32_t d, uint32_t s, int32_t mode, int32_t i
 
 // Memory utilities.
 void Copy(const uint8_t *source, uint8_t *destination, uint32_t byteCount);
-void Fill(uint8_t *destination, int32_t stride, int32_t count, uint32_t value, int32_t size);
+void Fill(uint8_t *destination, int32_t count, uint32_t value, int32_t size);
+void FillEx(uint8_t *destination, int32_t stride, int32_t count, uint32_t value, int32_t size);
 int32_t Compare(const uint8_t *a, const uint8_t *b, int32_t count);
 int32_t RunLength(const uint8_t *address, int32_t direction, int32_t count, int32_t size,
                   int32_t value);

@@ -1,290 +1,51 @@
 #include "support/calls.h"
 
-#include <bit>
 #include <cstring>
 #include <sstream>
-#include <type_traits>
-#include <utility>
 
 #include "brisal/brisal.h"
 
-namespace {
-
-using reference::Reference;
-
-template <class F>
-uint32_t ResultOf(F call) {
-  if constexpr (std::is_void_v<decltype(call())>) {
-    call();
-    return 0;
-  } else {
-    return static_cast<uint32_t>(call());
-  }
+std::span<const Function> Functions() {
+  static const std::vector<Function> all = [] {
+    std::vector<Function> functions;
+    for (const auto part : {DrawingFunctions(), FontFunctions(), RecordFunctions()}) {
+      functions.insert(functions.end(), part.begin(), part.end());
+    }
+    return functions;
+  }();
+  return all;
 }
-
-// An argument as a function takes it.
-template <class P>
-P Pass(Scene &scene, int32_t value) {
-  if constexpr (std::is_pointer_v<P>) {
-    using Record = std::remove_const_t<std::remove_pointer_t<P>>;
-    if constexpr (std::is_same_v<Record, BRSL_SurfaceDesc>) return scene.SurfaceAt(value);
-    if constexpr (std::is_same_v<Record, TPD_Pipeline>) return value ? scene.Pipeline() : nullptr;
-    if constexpr (std::is_same_v<Record, uint32_t>) return value ? scene.row.data() : nullptr;
-  } else if constexpr (std::is_same_v<P, float>) {
-    return std::bit_cast<float>(value);
-  } else {
-    return static_cast<P>(value);
-  }
-}
-
-template <class R, class... P, size_t... I>
-uint32_t Spread(R (*f)(P...), Scene &s, const Args &a, std::index_sequence<I...>) {
-  return ResultOf([&] { return f(Pass<P>(s, a[I])...); });
-}
-
-template <class F, class R, class... P, size_t... I>
-uint32_t SpreadMember(F f, R (*)(P...), Scene &s, const Args &a, std::index_sequence<I...>) {
-  return ResultOf([&] { return (s.reference.*f)(Pass<P>(s, a[I])...); });
-}
-
-template <class R, class... P>
-uint32_t Spread(R (*f)(P...), Scene &s, const Args &a) {
-  return Spread(f, s, a, std::index_sequence_for<P...>());
-}
-
-template <class R, class... P>
-uint32_t Spread(R (Reference::*f)(P...), Scene &s, const Args &a) {
-  return SpreadMember(f, static_cast<R (*)(P...)>(nullptr), s, a, std::index_sequence_for<P...>());
-}
-
-template <class R, class... P>
-uint32_t Spread(R (Reference::*f)(P...) const, Scene &s, const Args &a) {
-  return SpreadMember(f, static_cast<R (*)(P...)>(nullptr), s, a, std::index_sequence_for<P...>());
-}
-
-template <auto kLibrary, auto kReference>
-constexpr Function Drawing(const char *name, Family family, const char *kinds) {
-  return {name, family, kinds, [](Scene &s, const Args &a) { return Spread(kLibrary, s, a); },
-          [](Scene &s, const Args &a) { return Spread(kReference, s, a); }};
-}
-
-// The corners of a textured polygon, from the second argument on.
-template <int kCount, bool kColoured>
-std::array<reference::Vertex, kCount> CornersOf(const Args &a) {
-  std::array<reference::Vertex, kCount> corners;
-  for (int i = 0; i < kCount; i++) {
-    const int32_t *c = &a[1 + i * (kColoured ? 5 : 4)];
-    corners[i] = {c[0], c[1], kColoured ? static_cast<uint32_t>(c[4]) : 0, c[2], c[3]};
-  }
-  return corners;
-}
-
-template <auto kLibrary, int kCount>
-constexpr Function Corners(const char *name, const char *kinds) {
-  return {name, Family::kTextures, kinds,
-          [](Scene &s, const Args &a) { return Spread(kLibrary, s, a); },
-          [](Scene &s, const Args &a) {
-            s.reference.DrawTexturedCorners(s.SurfaceAt(a[0]), CornersOf<kCount, false>(a).data(),
-                                            kCount, a[1 + 4 * kCount] ? s.Pipeline() : nullptr);
-            return 0u;
-          }};
-}
-
-template <auto kLibrary, bool kColoured>
-constexpr Function Sprite(const char *name, const char *kinds) {
-  return {name, Family::kSprites, kinds,
-          [](Scene &s, const Args &a) { return Spread(kLibrary, s, a); },
-          [](Scene &s, const Args &a) {
-            const int32_t *rest = &a[kColoured ? 21 : 17];
-            s.reference.DrawSprite(s.SurfaceAt(a[0]), CornersOf<4, kColoured>(a).data(), kColoured,
-                                   rest[0] ? s.Pipeline() : nullptr, rest[1]);
-            return 0u;
-          }};
-}
-
-template <class Library, class Plain>
-Function Memory(const char *name, Library, Plain) {
-  return {name, Family::kMemory, "......",
-          [](Scene &s, const Args &a) {
-            return ResultOf([&] { return Library()(s.target.Address(), a); });
-          },
-          [](Scene &s, const Args &a) {
-            return ResultOf([&] { return Plain()(s.target.Address(), a); });
-          }};
-}
-
-using enum Family;
-
-// clang-format off
-const Function kFunctions[] = {
-    Drawing<BRSL_DrawPixel, &Reference::DrawPixel>("BRSL_DrawPixel", kPixels, "ijkm"),
-    Drawing<BRSL_Dot, &Reference::Dot>("BRSL_Dot", kPixels, "xycm"),
-    Drawing<BRSL_FastDot, &Reference::FastDot>("BRSL_FastDot", kPixels, "ijcm"),
-    Drawing<BRSL_Point, &Reference::Point>("BRSL_Point", kPixels, "xy"),
-    Drawing<BRSL_FastPoint, &Reference::FastPoint>("BRSL_FastPoint", kPixels, "ij"),
-    Drawing<BRSL_FastPoint_JT, &Reference::FastPointJt>("BRSL_FastPoint_JT", kPixels, "ij"),
-    Drawing<BRSL_DrawStrip, &Reference::DrawStrip>("BRSL_DrawStrip", kStrips, "jeekm"),
-    Drawing<BRSL_Box, &Reference::Box>("BRSL_Box", kBoxes, "xyxycf"),
-    Drawing<BRSL_ShadeBox, &Reference::ShadeBox>("BRSL_ShadeBox", kShadedBoxes, "xyxyccccf"),
-    Drawing<BRSL_Circle, &Reference::Circle>("BRSL_Circle", kEllipses, "xyrcf"),
-    Drawing<BRSL_Ellipse, &Reference::Ellipse>("BRSL_Ellipse", kEllipses, "xyrrcf"),
-    Drawing<BRSL_OpenCircle, &Reference::OpenCircle>("BRSL_OpenCircle", kEllipses, "xyrcf"),
-    Drawing<BRSL_OpenEllipse, &Reference::OpenEllipse>("BRSL_OpenEllipse", kEllipses, "xyrrcf"),
-    Drawing<BRSL_OpenEllipseFX, &Reference::OpenEllipseFx>(
-        "BRSL_OpenEllipseFX", kEllipses, "xyrrcf0"),
-    Drawing<BRSL_OpenEllipseFX, &Reference::OpenEllipseFx>(
-        "BRSL_OpenEllipseFX", kEllipses, "uvRScf1"),
-    Drawing<BRSL_FilledEllipse, &Reference::FilledEllipse>(
-        "BRSL_FilledEllipse", kEllipses, "xyrrkf"),
-    Drawing<BRSL_FilledEllipseNC, &Reference::FilledEllipseNc>(
-        "BRSL_FilledEllipseNC", kEllipses, "uvRSkf"),
-    Drawing<BRSL_WriteLine, &Reference::WriteLine>("BRSL_WriteLine", kLines, "ijijcf"),
-    Drawing<BRSL_WriteDrawModeLine, &Reference::WriteDrawModeLine>(
-        "BRSL_WriteDrawModeLine", kLines, "ijijkm"),
-    Drawing<BRSL_WriteLine_32Bit, &Reference::WriteLine32Bit>(
-        "BRSL_WriteLine_32Bit", kLines, "ijijcw"),
-    Drawing<BRSL_Tri, &Reference::Tri>("BRSL_Tri", kFlatPolygons, "xyxyxycf"),
-    Drawing<BRSL_Quad, &Reference::Quad>("BRSL_Quad", kFlatPolygons, "xyxyxyxycf"),
-    Drawing<BRSL_TriG, &Reference::TriG>("BRSL_TriG", kGouraudPolygons, "xycxycxycf"),
-    Drawing<BRSL_QuadG, &Reference::QuadG>("BRSL_QuadG", kGouraudPolygons, "xycxycxycxycf"),
-    Drawing<BRSL_QuadSetGouraud, &Reference::QuadSetGouraud>(
-        "BRSL_QuadSetGouraud", kGouraudPolygons, "cccc"),
-    Drawing<BRSL_DrawGouraudPoly, &Reference::DrawGouraudPoly>(
-        "BRSL_DrawGouraudPoly", kGouraudPolygons, "nf"),
-    Drawing<BRSL_SetSurfaceDescVP, reference::SetSurfaceDescVp>(
-        "BRSL_SetSurfaceDescVP", kSurfaces, "Dlhlh"),
-    Drawing<BRSL_SetSurfaceDescMaskColour, reference::SetSurfaceDescMaskColour>(
-        "BRSL_SetSurfaceDescMaskColour", kSurfaces, "Tc"),
-    Drawing<BRSL_GetSurfaceDescType, reference::GetSurfaceDescType>(
-        "BRSL_GetSurfaceDescType", kSurfaces, "T"),
-    Drawing<BRSL_PeekSurface, reference::PeekSurface>("BRSL_PeekSurface", kSurfaces, "DXY"),
-    Drawing<BRSL_PokeSurface, reference::PokeSurface>("BRSL_PokeSurface", kSurfaces, "DXYc"),
-    Drawing<BRSL_PokeSurfaceNC, reference::PokeSurfaceNc>("BRSL_PokeSurfaceNC", kSurfaces, "Dpqc"),
-    Drawing<BRSL_PeekPixelStrip, reference::PeekPixelStrip>(
-        "BRSL_PeekPixelStrip", kSurfaces, "Dllqo"),
-    Drawing<BRSL_PixelRunLength, &Reference::PixelRunLength>(
-        "BRSL_PixelRunLength", kSurfaces, "xyggM"),
-    Drawing<BRSL_PixelRunLength, &Reference::PixelRunLength>(
-        "BRSL_PixelRunLength", kSurfaces, "ijggM"),
-    Drawing<BRSL_ImageInViewPort, &Reference::ImageInViewPort>(
-        "BRSL_ImageInViewPort", kSurfaces, "xyxy"),
-    Drawing<BRSL_HoriGouraudStrip, &Reference::HoriGouraudStrip>(
-        "BRSL_HoriGouraudStrip", kGradients, "xcxcy"),
-    Drawing<BRSL_VertGouraudStrip, &Reference::VertGouraudStrip>(
-        "BRSL_VertGouraudStrip", kGradients, "ycycx"),
-    Drawing<BRSL_HoriTextureStrip, &Reference::HoriTextureStrip>(
-        "BRSL_HoriTextureStrip", kGradients, "TxQQxQQy"),
-    Drawing<BRSL_VertTextureStrip, &Reference::VertTextureStrip>(
-        "BRSL_VertTextureStrip", kGradients, "TyQQyQQx"),
-    Drawing<BRSL_Blit, &Reference::Blit>("BRSL_Blit", kBlits, "AAAAxyMF"),
-    Drawing<BRSL_BlitFX, &Reference::BlitFx>("BRSL_BlitFX", kEffectBlits, "AAAAxyFMEcBw"),
-    Drawing<TPD_AddTexelEffect, reference::AddTexelEffect>(
-        "TPD_AddTexelEffect", kPipelines, "PaGGMcMw"),
-    Drawing<TPD_SetOutputEffect, reference::SetOutputEffect>(
-        "TPD_SetOutputEffect", kPipelines, "PowN"),
-    Drawing<TPD_SetMaskCompression, reference::SetMaskCompression>(
-        "TPD_SetMaskCompression", kPipelines, "PB"),
-    Drawing<TPD_GetMaskCompression, reference::GetMaskCompression>(
-        "TPD_GetMaskCompression", kPipelines, "P"),
-    Drawing<TPD_GetGouruaudState, reference::GetGouraudState>(
-        "TPD_GetGouruaudState", kPipelines, "P"),
-    Drawing<TPD_UpdateSpriteDrawMode, reference::UpdateSpriteDrawMode>(
-        "TPD_UpdateSpriteDrawMode", kPipelines, "PztcN"),
-    Corners<BRSL_TriT, 3>("BRSL_TriT", "TxyUVxyUVxyUVP"),
-    Corners<BRSL_QuadT, 4>("BRSL_QuadT", "TxyUVxyUVxyUVxyUVP"),
-    Drawing<BRSL_DrawTexturedPoly, &Reference::DrawTexturedPoly>(
-        "BRSL_DrawTexturedPoly", kTextures, "TnP"),
-    Drawing<BRSL_DrawTexture, &Reference::DrawTexture>("BRSL_DrawTexture", kTextures, "TxyP"),
-    Drawing<BRSL_DrawSpritePoly, &Reference::DrawSpritePoly>(
-        "BRSL_DrawSpritePoly", kSprites, "TnP"),
-    Sprite<BRSL_DrawSpriteQuad, false>("BRSL_DrawSpriteQuad", "TxyUVxyUVxyUVxyUVPs"),
-    Sprite<BRSL_DrawSpriteRGBQuad, true>("BRSL_DrawSpriteRGBQuad", "TxyUVcxyUVcxyUVcxyUVcPs"),
-    Drawing<BRSL_QuadSetGouraud, &Reference::QuadSetGouraud>(
-        "BRSL_QuadSetGouraud", kTextures, "cccc"),
-    Drawing<BRSL_PrepareFXSurface, reference::PrepareFxSurface>(
-        "BRSL_PrepareFXSurface", kFilters, "DDZ"),
-    Drawing<BRSL_FillRect_Blur, reference::Blur>("BRSL_FillRect_Blur", kFilters, "Dd"),
-    Drawing<BRSL_FillRect_Fade, reference::Fade>("BRSL_FillRect_Fade", kFilters, "DH"),
-    Drawing<BRSL_FillRect_GreyScale, reference::GreyScale>(
-        "BRSL_FillRect_GreyScale", kFilters, "D"),
-    Drawing<BRSL_FillRect_Light, reference::Light>("BRSL_FillRect_Light", kFilters, "DCCIOw"),
-    Drawing<BRSL_FillRect_PhongMap, reference::PhongMap>(
-        "BRSL_FillRect_PhongMap", kFilters, "DCCcIOw"),
-    {"BRSL_MirrorRect", kFilters, "xyxyBB",
-        [](Scene &, const Args &a) {
-          const int32_t rect[] = {a[0], a[1], a[2], a[3]};
-          BRSL_MirrorRect(rect, a[4], a[5]);
-          return 0u;
-        },
-        [](Scene &s, const Args &a) {
-          s.reference.MirrorRect({a[0], a[1], a[2], a[3]}, a[4], a[5]);
-          return 0u;
-        }},
-    Drawing<BRSL_ScaleSurface, reference::ScaleSurface>("BRSL_ScaleSurface", kScaling, "DDL"),
-    Drawing<BRSL_CopyRect_MoveMapBlk, reference::MoveMapBlock>(
-        "BRSL_CopyRect_MoveMapBlk", kScaling, "DlhlhDXYPM"),
-    Memory("CopyMemory",
-        [](uint8_t *p, const Args &a) { (CopyMemory)(p + a[kFrom], p + a[kTo], a[kCount] & 255); },
-        [](uint8_t *p, const Args &a) {
-          reference::Copy(p + a[kFrom], p + a[kTo], a[kCount] & 255);
-        }),
-    Memory("FillMemory",
-        [](uint8_t *p, const Args &a) {
-          (FillMemory)(p + a[kFrom], a[kCount], a[kValue], a[kSize]);
-        },
-        [](uint8_t *p, const Args &a) {
-          reference::Fill(p + a[kFrom], 1, a[kCount], a[kValue], a[kSize]);
-        }),
-    Memory("FillMemoryEx",
-        [](uint8_t *p, const Args &a) {
-          FillMemoryEx(p + a[kFrom], a[kStride], a[kCount] / 4, a[kValue], a[kSize]);
-        },
-        [](uint8_t *p, const Args &a) {
-          reference::Fill(p + a[kFrom], a[kStride], a[kCount] / 4, a[kValue], a[kSize]);
-        }),
-    Memory("CompareBytes",
-        [](uint8_t *p, const Args &a) {
-          return CompareBytes(p + a[kFrom], p + a[kTo], a[kCount]);
-        },
-        [](uint8_t *p, const Args &a) {
-          return reference::Compare(p + a[kFrom], p + a[kTo], a[kCount]);
-        }),
-    Memory("BRSL_FindRunLength",
-        [](uint8_t *p, const Args &a) {
-          return BRSL_FindRunLength(p + a[kFrom], a[kStride], a[kCount], a[kSize], a[kValue]);
-        },
-        [](uint8_t *p, const Args &a) {
-          return reference::RunLength(p + a[kFrom], a[kStride], a[kCount], a[kSize], a[kValue]);
-        }),
-};
-// clang-format on
-
-}  // namespace
-
-std::span<const Function> Functions() { return kFunctions; }
 
 const Function *FunctionNamed(const char *name) {
-  for (const Function &function : kFunctions) {
+  for (const Function &function : Functions()) {
     if (!std::strcmp(function.name, name)) return &function;
   }
   return nullptr;
 }
 
-Scene DrawWithLibrary(const Case &c, std::vector<uint32_t> &results) {
-  Scene scene(c.layout, Painter::kLibrary);
-  scene.UseInLibrary();
-  for (const Call &call : c.calls) results.push_back(call.function->library(scene, call.args));
+namespace {
+
+Scene Draw(const Case &c, Painter painter, std::vector<uint32_t> &results) {
+  Scene scene(c.layout, painter);
+  const bool library = painter == Painter::kLibrary;
+  if (library) scene.UseInLibrary();
+  for (const Call &call : c.calls) {
+    const Function &function = *call.function;
+    results.push_back((library ? function.library : function.reference)(scene, call.args));
+  }
   const std::vector<uint32_t> records = scene.Records();
   results.insert(results.end(), records.begin(), records.end());
   return scene;
 }
 
+}  // namespace
+
+Scene DrawWithLibrary(const Case &c, std::vector<uint32_t> &results) {
+  return Draw(c, Painter::kLibrary, results);
+}
+
 Scene DrawWithReference(const Case &c, std::vector<uint32_t> &results) {
-  Scene scene(c.layout, Painter::kReference);
-  for (const Call &call : c.calls) results.push_back(call.function->reference(scene, call.args));
-  const std::vector<uint32_t> records = scene.Records();
-  results.insert(results.end(), records.begin(), records.end());
-  return scene;
+  return Draw(c, Painter::kReference, results);
 }
 
 std::string Describe(const Case &c) {

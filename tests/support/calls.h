@@ -1,5 +1,5 @@
-// Every drawing and memory function of the interface, callable by its arguments alone on the
-// library and on the reference.
+// Every function of the interface that draws or works on its host's memory, callable by its
+// arguments alone on the library and on the reference.
 #pragma once
 
 #include <array>
@@ -10,35 +10,8 @@
 
 #include "support/scene.h"
 
-// Surfaces are given by their number in the scene, 0 is null; so is the pipeline.
+// What a function takes by address is given by its number in the scene, 0 is null.
 using Args = std::array<int32_t, 23>;
-
-enum class Family {
-  kPixels,
-  kStrips,
-  kBoxes,
-  kShadedBoxes,
-  kEllipses,
-  kLines,
-  kFlatPolygons,
-  kGouraudPolygons,
-  kMemory,
-  kSurfaces,
-  kGradients,
-  kBlits,
-  kEffectBlits,
-  kPipelines,
-  kTextures,
-  kSprites,
-  kFilters,
-  kScaling
-};
-
-inline constexpr const char *kFamilyNames[] = {
-    "pixels",        "strips",           "boxes",    "shaded-boxes", "ellipses",  "lines",
-    "flat-polygons", "gouraud-polygons", "memory",   "surfaces",     "gradients", "blits",
-    "effect-blits",  "pipelines",        "textures", "sprites",      "filters",   "scaling"};
-inline constexpr int kFamilyCount = 18;
 
 // The functions on plain memory work on the picture's bytes. They share one set of arguments, of
 // which each takes what it needs; From and To are offsets from the picture's address.
@@ -47,7 +20,7 @@ enum MemoryArgument { kFrom, kTo, kCount, kValue, kSize, kStride };
 struct Function {
   const char *name;
   Family family;
-  const char *kinds;  // what each argument is: see ArgumentOf in cases.cc
+  const char *kinds;  // what each argument is: see arguments.h
   uint32_t (*library)(Scene &, const Args &);
   uint32_t (*reference)(Scene &, const Args &);
 };
@@ -63,6 +36,11 @@ struct Case {
   std::vector<Call> calls;
 };
 
+std::span<const Function> DrawingFunctions();
+std::span<const Function> FontFunctions();
+std::span<const Function> RecordFunctions();
+
+// All of them.
 std::span<const Function> Functions();
 const Function *FunctionNamed(const char *name);
 

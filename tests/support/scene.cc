@@ -1,6 +1,8 @@
 #include "support/scene.h"
 
 #include <algorithm>
+#include <sstream>
+#include <string>
 
 namespace {
 
@@ -37,11 +39,19 @@ Scene::Scene(const SceneLayout &layout, Painter painter)
       blendSource(layout.blendSource),
       row(kRowEntries, 0xC0FFEE),
       reference(ReferenceFor(target)),
+      contents(layout),
       surfaces_{MakeSurface(source, painter), MakeSurface(blendSource, painter)},
       pipeline_(MakePipeline(painter)) {
   reference.source = ReferenceFor(source);
   reference.blendSource = ReferenceFor(blendSource);
   if (layout.overlapping) reference.source.address = target.Address();
+  const Family family = layout.family;
+  if (family == Family::kText || family == Family::kFonts || family == Family::kCompression) {
+    fonts = std::make_unique<Fonts>(family, painter, layout.seed, layout.failingAllocation);
+  }
+  if (!contents.pools[0].empty()) {
+    reference.SetShapeBuffers(contents.rowTables[0].data(), contents.pools[0].data());
+  }
 }
 
 void Scene::UseInLibrary() {
@@ -49,9 +59,13 @@ void Scene::UseInLibrary() {
   const auto use = [](auto set, const reference::Buffer &b) { set(b.address, b.pitch, b.format); };
   use(BRSL_SetSrcBuffer, reference.source);
   use(BRSL_SetSrcBlendBuffer, reference.blendSource);
+  Shape_Set_Buffers(contents.rowTables[0].data(), contents.pools[0].data());
+  TQ_Randomize(1);
+  TQ_Rnd(4e9f);  // which leaves no carry
+  TQ_Randomize(30903);
 }
 
-std::vector<uint32_t> Scene::Records() const {
+std::vector<uint32_t> Scene::Records() {
   std::vector<uint32_t> words = row;
   for (const auto &s : surfaces_) {
     for (int32_t field : {s->format, s->pitch, s->pitchShift, s->width, s->height, s->viewLeft,
@@ -72,8 +86,33 @@ std::vector<uint32_t> Scene::Records() const {
     }
     words.insert(words.end(), {e.a, e.b, e.c});
   }
+  contents.AppendTo(words, source.Address(), blendSource.Address());
+  if (fonts) fonts->Finish(words);
   return words;
 }
+
+namespace {
+
+std::string Describe(const HostCall &call) {
+  std::ostringstream text;
+  text << call.service << std::hex;
+  for (int64_t argument : call.arguments) text << " " << argument;
+  return text.str();
+}
+
+std::string Difference(const Fonts &actual, const Fonts &expected) {
+  if (!actual.comparable) return "";
+  const std::vector<HostCall> &a = actual.host.calls, &b = expected.host.calls;
+  for (size_t i = 0; i < std::max(a.size(), b.size()); i++) {
+    const std::string did = i < a.size() ? Describe(a[i]) : "nothing";
+    const std::string should = i < b.size() ? Describe(b[i]) : "nothing";
+    if (did != should)
+      return "host call " + std::to_string(i) + ": " + did + " instead of " + should;
+  }
+  return "";
+}
+
+}  // namespace
 
 std::string Difference(Scene &actual, Scene &expected) {
   const std::string target = Difference(actual.target, expected.target);
@@ -81,5 +120,6 @@ std::string Difference(Scene &actual, Scene &expected) {
   const std::string source = Difference(actual.source, expected.source);
   if (!source.empty()) return "source: " + source;
   const std::string blendSource = Difference(actual.blendSource, expected.blendSource);
-  return blendSource.empty() ? "" : "blend source: " + blendSource;
+  if (!blendSource.empty()) return "blend source: " + blendSource;
+  return actual.fonts ? Difference(*actual.fonts, *expected.fonts) : "";
 }

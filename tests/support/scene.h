@@ -1,21 +1,14 @@
 // What a case is drawn with, once for the library and once for the reference: the target, two more
-// pictures and a texel pipeline.
+// pictures, a texel pipeline, and fonts or what else the host keeps.
 #pragma once
 
 #include <memory>
 #include <vector>
 
 #include "brisal/brisal.h"
-#include "support/picture.h"
-
-// The second picture is the source buffer and surface 1, the third the blend source buffer and
-// surface 2.
-struct SceneLayout {
-  Layout target{}, source{}, blendSource{};
-  bool overlapping = false;  // the source buffer lies in the target's memory
-};
-
-enum class Painter { kLibrary, kReference };
+#include "support/contents.h"
+#include "support/fonts.h"
+#include "support/layouts.h"
 
 class Scene {
  public:
@@ -28,12 +21,25 @@ class Scene {
   BRSL_SurfaceDesc *SurfaceAt(int number) { return number ? surfaces_[number - 1].get() : nullptr; }
   TPD_Pipeline *Pipeline() { return pipeline_.get(); }
 
-  // Everything but the pictures that a call may have changed.
-  std::vector<uint32_t> Records() const;
+  // What a call is given by number; 0 is null.
+  template <class Record>
+  Record *At(int32_t number) {
+    if (number == 0) return nullptr;
+    if constexpr (std::is_same_v<Record, BRSL_SurfaceDesc>) return SurfaceAt(number);
+    if constexpr (std::is_same_v<Record, TPD_Pipeline>) return Pipeline();
+    if constexpr (std::is_same_v<Record, CRF_Font>) return fonts->At(number);
+    if constexpr (std::is_same_v<Record, uint32_t>) return row.data();
+    return static_cast<Record *>(contents.At<Record>(number));
+  }
+
+  // Everything but the pictures that a call may have changed. Releases the fonts.
+  std::vector<uint32_t> Records();
 
   Picture target, source, blendSource;
   std::vector<uint32_t> row;
   reference::Reference reference;
+  Contents contents;
+  std::unique_ptr<Fonts> fonts;
 
  private:
   template <class Record>
