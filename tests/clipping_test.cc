@@ -98,6 +98,7 @@ TEST(Clipping, AnyNumbersArePromptAndKeepToTheViewport) {
                                   32768,     1 << 30,       INT32_MAX - 1, INT32_MAX};
   const auto start = std::chrono::steady_clock::now();
   for (const Function &function : Functions()) {
+    if (function.family >= Family::kText) continue;  // these have records and numbers of their own
     if (!std::strpbrk(function.kinds, "xr") || function.kinds[0] == 'A') continue;
     for (int seed = 0; seed < Scaled(800); seed++) {
       Random random(seed);
