@@ -31,7 +31,7 @@ BRISAL_INLINE V LoadColours(const uint8_t *p) {
     if constexpr (sizeof(V) == 16) {
       // The plain set has no conversion, but interleaves.
       const auto pixels = As<uint16_t>(Vector<uint64_t, 16>{LoadVector<uint64_t>(p), 0});
-      const auto zero = pixels ^ pixels;
+      const Vector<uint16_t, 16> zero = {};
       return S::Widen(
           As<uint32_t>(__builtin_shufflevector(pixels, zero, 0, 8, 1, 9, 2, 10, 3, 11)));
     } else {

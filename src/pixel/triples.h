@@ -75,7 +75,7 @@ template <class V>
 BRISAL_INLINE V SwapRedBlue(V words) {
   if constexpr (sizeof(V) == 32) {
     const auto b = As<uint8_t>(words);
-    const auto zero = b ^ b;
+    const Vector<uint8_t, sizeof(V)> zero = {};
     return As<uint32_t>(__builtin_shufflevector(b, zero, 2, 1, 0, 32, 6, 5, 4, 32, 10, 9, 8, 32, 14,
                                                 13, 12, 32, 18, 17, 16, 48, 22, 21, 20, 48, 26, 25,
                                                 24, 48, 30, 29, 28, 48));
@@ -95,7 +95,7 @@ BRISAL_INLINE V LoadTriples(const uint8_t *p) {
     const auto both =
         __builtin_shufflevector(low, high, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16,
                                 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31);
-    const auto zero = both ^ both;
+    const Vector<uint8_t, sizeof(V)> zero = {};
     return As<uint32_t>(__builtin_shufflevector(both, zero, 2, 1, 0, 32, 5, 4, 3, 32, 8, 7, 6, 32,
                                                 11, 10, 9, 32, 22, 21, 20, 48, 25, 24, 23, 48, 28,
                                                 27, 26, 48, 31, 30, 29, 48));
