@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "brisal/brisal.h"
+#include "reference/random_numbers.h"
 #include "support/random.h"
 #include "support/sanitizers.h"
 
@@ -40,29 +41,9 @@ uint32_t Blended(uint32_t colour1, uint32_t colour2, int64_t level) {
   });
 }
 
-// The generator as its definition puts it.
-struct Model {
-  uint32_t x, y, z, w, carry;
-
-  Model(uint32_t seed, uint32_t c) : x(seed), y(seed), z(seed), w(seed), carry(c) {}
-
-  uint32_t Next() {
-    x = 69069 * x + 1;
-    y ^= y << 13, y ^= y >> 17, y ^= y << 5;
-    const uint32_t t = carry + 2 * w + z;
-    carry = ((carry >> 2) + (z >> 2) + (w >> 3)) >> 30;
-    z = w, w = t;
-    return x + y + w;
-  }
-
-  float Draw(float max) {
-    double drawn;
-    do {
-      drawn = Next() * 2.3283064365959952e-10 * (double{max} + double{0.99f});
-    } while (drawn > max);
-    return static_cast<float>(drawn);
-  }
-};
+reference::Generator Seeded(uint32_t seed, uint32_t carry) {
+  return {seed, seed, seed, seed, carry};
+}
 
 std::vector<float> Numbers(const std::function<float(float)> &draw) {
   std::vector<float> numbers;
@@ -197,7 +178,7 @@ TEST(Maths, Wrapping) {
 }
 
 TEST(RandomNumbers, FollowTheGenerator) {
-  Model atLoad(30903, 0);
+  reference::Generator atLoad = Seeded(30903, 0);
   EXPECT_EQ(numbersAtLoad, Numbers([&](float max) { return atLoad.Draw(max); }));
   std::vector<uint32_t> carries = {0, 1};  // whichever the numbers so far have left
   for (int32_t seed : {30903, 1, -1, 77, 12345, INT32_MIN}) {
@@ -208,7 +189,7 @@ TEST(RandomNumbers, FollowTheGenerator) {
     const uint32_t colour = TQ_RNDRGB();
     std::vector<uint32_t> carriesLeft;
     for (uint32_t carry : carries) {
-      Model model(static_cast<uint32_t>(seed), carry);
+      reference::Generator model = Seeded(static_cast<uint32_t>(seed), carry);
       if (numbers != Numbers([&](float max) { return model.Draw(max); })) continue;
       uint32_t expected = 0;
       for (int i = 0; i < 3; i++) expected = expected << 8 | static_cast<uint32_t>(model.Draw(255));
