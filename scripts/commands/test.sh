@@ -1,0 +1,35 @@
+# install what is missing, build, run every test (--preset NAME: that preset's alone)
+# shellcheck shell=bash
+
+# The digest is one number for every compiler and optimisation level.
+digest_of() {
+  build "$1" brisal_digest -DBRISAL_TESTS=ON
+  local program
+  program=$(find "$root/build/$1" -name brisal_digest -type f -perm -u+x -print -quit)
+  step "Comparing the digest ($1)"
+  "$program" || fail "the digest of the $1 build differs"
+}
+
+columns() {
+  step "Looking for wide instructions"
+  python3 "$root/scripts/check_columns.py" "$root/build/release/src/libbrisal.so" ||
+    fail "the columns of the library are mixed up"
+}
+
+test_command() {
+  local preset
+  preset=$(preset_option all "$@")
+  need "${build_packages[@]}" "${test_packages[@]}"
+  if [[ $preset != all ]]; then
+    build "$preset" all -DBRISAL_TESTS=ON
+    ctest_of "$preset"
+    step "All tests passed ($preset)"
+    return
+  fi
+  build release all -DBRISAL_TESTS=ON
+  ctest_of release
+  digest_of clang
+  digest_of debug
+  columns
+  step "All tests passed in $SECONDS s: release, digest with Clang and at -O0, columns"
+}
