@@ -23,8 +23,8 @@ const std::vector<uint32_t> &Noise() {
 }
 
 uint8_t *Buffer() {
-  static uint8_t *const buffer =
-      static_cast<uint8_t *>(std::aligned_alloc(4096, (Noise().size() * 4 / 4096 + 1) * 4096));
+  static uint8_t *const buffer = static_cast<uint8_t *>(
+      std::aligned_alloc(4096, ((Noise().size() * 4 + kPlaces.back()) / 4096 + 1) * 4096));
   return buffer;
 }
 
@@ -78,9 +78,10 @@ int ToleratedPixels(const Job &job) {
 
 }  // namespace
 
-Canvas Canvas::Of(int format) {
+Canvas Canvas::Of(const Job &job) {
   static constexpr int kBytes[] = {0, 2, 2, 3, 4, 4};
-  const Canvas canvas = {Buffer(), format, kBytes[format], PitchOf(kBytes[format])};
+  const int bytes = kBytes[job.format];
+  const Canvas canvas = {Buffer() + kPlaces[job.place], job.format, bytes, PitchOf(bytes)};
   canvas.FillWithNoise();
   return canvas;
 }

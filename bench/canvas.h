@@ -17,8 +17,8 @@ struct Canvas {
   int bytesPerPixel;
   int pitch;
 
-  // A view of the one buffer in a format, with noise in it.
-  static Canvas Of(int format);
+  // A view of the one buffer in a job's format, at the job's place in memory, with noise in it.
+  static Canvas Of(const Job &job);
   void FillWithNoise() const;
 
   uint8_t *At(int x, int y) const { return pixels + int64_t{y} * pitch + x * bytesPerPixel; }

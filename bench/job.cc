@@ -1,6 +1,5 @@
 #include "bench/job.h"
 
-#include <cstdio>
 #include <map>
 
 namespace brisal::bench {
@@ -63,10 +62,10 @@ const char *NameOf(Texels texels) {
 
 }  // namespace
 
+std::string Job::Shape() const { return std::string(NameOf(texels)) + NameOf(kind); }
+
 std::string Job::Name() const {
-  char text[80];
-  std::snprintf(text, sizeof text, "%s%s %dx%d ", NameOf(texels), NameOf(kind), width, height);
-  std::string name = text;
+  std::string name = Shape() + " " + std::to_string(width) + "x" + std::to_string(height) + " ";
   if (source != 0 && source != format) name += std::string(NameOfFormat(source)) + " to ";
   name += NameOfFormat(format);
   const bool hasMode =

@@ -49,6 +49,10 @@ enum class Kind {
 // that is never 0 or 255.
 enum class Texels { kOpaque, kKeyed, kMixedAlpha, kPartialAlpha };
 
+// Where buffers begin, after a page's start: at a page, in the middle of one, and at a pixel that no
+// wide word is aligned to.
+constexpr std::array<size_t, 3> kPlaces = {0, 1344, 66320};
+
 // One row of the table: a drawing job that several libraries may know how to do.
 struct Job {
   Kind kind;
@@ -58,8 +62,10 @@ struct Job {
   int mode;        // DRAW_*
   int source = 0;  // BRSL_FORMAT_* of its picture, if it has one
   Texels texels = Texels::kOpaque;
+  size_t place = 0;  // of kPlaces, for its buffers
 
   std::string Name() const;
+  std::string Shape() const;  // the first words of the name
   bool IsGouraud() const { return kind == Kind::kGouraudTriangle || kind == Kind::kShadeBox; }
   bool IsRectangle() const {
     return kind == Kind::kBox || kind == Kind::kStrip || kind == Kind::kShadeBox || IsCopy() ||

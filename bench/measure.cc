@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "bench/canvas.h"
 #include "bench/contenders.h"
@@ -14,6 +15,7 @@ namespace {
 // Short turns: a busy neighbour on the machine then spoils few of them, or all of a row alike.
 constexpr double kSecondsARound = 0.0003;
 
+// Somebody doing the job at one of the places.
 struct Entry {
   Contender contender;
   Role role;
@@ -31,12 +33,13 @@ class Collector : public benchmark::BenchmarkReporter {
     }
   }
 
-  double MedianOf(const std::string &name) {
+  Timing TimingOf(const std::string &name, Role role) {
     std::vector<double> &times = times_[name];
-    if (times.empty()) return 0;
-    const auto middle = times.begin() + static_cast<int64_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
+    if (times.empty()) return {name, role, 0, 0};
+    std::sort(times.begin(), times.end());
+    const size_t last = times.size() - 1;
+    const double median = times[last / 2];
+    return {name, role, median, (times[last * 3 / 4] - times[last / 4]) / (2 * median)};
   }
 
  private:
@@ -58,17 +61,32 @@ std::vector<uint8_t> PictureOf(const Contender &contender, const Canvas &canvas)
   return canvas.Copy();
 }
 
-void AddPeers(const Job &job, const Canvas &canvas, std::vector<Entry> *entries, Result *result) {
+void AddPeers(const Job &job, const Canvas &canvas, const Choice &isChosen,
+              std::vector<Entry> *entries, std::set<std::string> *strangers) {
   const std::vector<uint8_t> expected = PictureOf(entries->front().contender, canvas);
   for (const Peer::Offer offer : Peer::Offers()) {
     for (Contender &contender : offer(job, canvas)) {
+      if (!isChosen(contender.name)) continue;
       if (IsSamePicture(job, canvas, expected, PictureOf(contender, canvas))) {
         entries->push_back({std::move(contender), Role::kPeer});
       } else {
-        result->strangers.push_back(contender.name);
+        strangers->insert(contender.name);
       }
     }
   }
+}
+
+std::vector<Entry> EntriesOf(const Job &job, const Choice &isChosen,
+                             std::set<std::string> *strangers) {
+  const Canvas canvas = Canvas::Of(job);
+  std::vector<Entry> entries;
+  for (Contender &ours : OurContenders(job, canvas)) entries.push_back({ours, Role::kOurs});
+  AddPeers(job, canvas, isChosen, &entries, strangers);
+  if (isChosen("limit")) {
+    for (Contender &limit : LimitContenders(job, canvas)) entries.push_back({limit, Role::kLimit});
+  }
+  canvas.FillWithNoise();
+  return entries;
 }
 
 // The flag for turn by turn is the library's own: it shuffles the repetitions of all that is
@@ -84,6 +102,37 @@ void StartOnce() {
   }();
   static_cast<void>(started);
 }
+
+// What is to be measured together.
+class Turns {
+ public:
+  Turns() {
+    StartOnce();
+    benchmark::ClearRegisteredBenchmarks();
+  }
+
+  void Add(const std::vector<Entry> &entries, int rounds) {
+    for (const Entry &entry : entries) {
+      benchmark::RegisterBenchmark(
+          entry.contender.name.c_str(),
+          [contender = entry.contender](benchmark::State &state) { Repeat(state, contender); })
+          ->MinTime(kSecondsARound)
+          ->Repetitions(rounds);
+      roles_.emplace(entry.contender.name, entry.role);
+    }
+  }
+
+  std::vector<Timing> Take() {
+    Collector collector;
+    benchmark::RunSpecifiedBenchmarks(&collector);
+    std::vector<Timing> timings;
+    for (const auto &[name, role] : roles_) timings.push_back(collector.TimingOf(name, role));
+    return timings;
+  }
+
+ private:
+  std::map<std::string, Role> roles_;
+};
 
 }  // namespace
 
@@ -102,31 +151,23 @@ const Timing *Result::BestOf(Role role) const {
   return best;
 }
 
-Result Measure(const Job &job, int rounds) {
-  StartOnce();
+Result Measure(const Job &job, int rounds, const Choice &isChosen) {
   Result result = {job, {}, {}};
-  const Canvas canvas = Canvas::Of(job.format);
-  std::vector<Entry> entries;
-  for (Contender &ours : OurContenders(job, canvas)) entries.push_back({ours, Role::kOurs});
-  AddPeers(job, canvas, &entries, &result);
-  for (Contender &limit : LimitContenders(job, canvas)) entries.push_back({limit, Role::kLimit});
-  canvas.FillWithNoise();
-
-  benchmark::ClearRegisteredBenchmarks();
-  for (const Entry &entry : entries) {
-    benchmark::RegisterBenchmark(
-        entry.contender.name.c_str(),
-        [&entry](benchmark::State &state) { Repeat(state, entry.contender); })
-        ->MinTime(kSecondsARound)
-        ->Repetitions(rounds);
+  const int places = std::min(rounds, static_cast<int>(kPlaces.size()));
+  Turns turns;
+  for (int place = 0; place < places; ++place) {
+    Job there = job;
+    there.place = static_cast<size_t>(place);
+    turns.Add(EntriesOf(there, isChosen, &result.strangers), rounds / places);
   }
-  Collector collector;
-  benchmark::RunSpecifiedBenchmarks(&collector);
-  for (const Entry &entry : entries) {
-    const std::string &name = entry.contender.name;
-    result.timings.push_back({name, entry.role, collector.MedianOf(name)});
-  }
+  result.timings = turns.Take();
   return result;
+}
+
+Timing Measure(const Contender &contender, int rounds) {
+  Turns turns;
+  turns.Add({{contender, Role::kOurs}}, rounds);
+  return turns.Take().front();
 }
 
 }  // namespace brisal::bench

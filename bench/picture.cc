@@ -97,9 +97,10 @@ uint32_t Premultiplied(uint32_t colour, uint32_t alpha) {
 
 Picture Picture::Of(const Job &job) {
   static constexpr int kBytes[] = {0, 2, 2, 3, 4, 4};
-  alignas(64) static uint8_t memory[640 * 480 * 4];
+  alignas(4096) static uint8_t memory[kPlaces.size()][640 * 480 * 4 + (kPlaces.back() | 4095) + 1];
   const Point size = SizeOf(job);
-  const Picture picture = {memory, job.source, kBytes[job.source], size.x, size.y};
+  uint8_t *const pixels = memory[job.place] + kPlaces[job.place];
+  const Picture picture = {pixels, job.source, kBytes[job.source], size.x, size.y};
   ForPixels(job, [&](int x, int y, uint32_t colour) {
     const uint32_t word = Packed(colour, job.source);
     std::memcpy(picture.At(x, y), &word, picture.bytesPerPixel);

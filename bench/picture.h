@@ -19,7 +19,7 @@ struct Picture {
   int width;
   int height;
 
-  // Paints the picture of a job into the memory that all pictures share.
+  // Paints the picture of a job into the memory that all pictures at the job's place share.
   static Picture Of(const Job &job);
 
   int Pitch() const { return width * bytesPerPixel; }

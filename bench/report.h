@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/growth.h"
 #include "bench/measure.h"
 
 namespace brisal::bench {
@@ -13,6 +14,10 @@ void PrintRow(const Result &result);
 // Where a peer was faster, and who was left out and why.
 void PrintSummary(const std::vector<Result> &results);
 
-bool WriteJson(const std::vector<Result> &results, const std::string &path);
+// The time and spread of every contender, and the processor that they belong to.
+std::string JsonOf(const std::vector<Result> &results);
+
+void PrintGrowth(const Growth &growth);
+std::string JsonOf(const std::vector<Growth> &growths);
 
 }  // namespace brisal::bench

@@ -127,15 +127,17 @@ void GiveServices() {
 
 using Font = std::shared_ptr<CRF_Font>;
 
-// Every code has a letter, and its own block of it.
+// Every code has a letter, and its own block of it. Fonts have as many characters as their job has
+// pixels.
 Font FontOf(const Job &job) {
+  const int32_t codes = job.IsFont() ? job.width * job.height : 256;
   GiveServices();
-  const Font font(CRF_Alloc(256), CRF_Free);
+  const Font font(CRF_Alloc(codes), CRF_Free);
   CRF_SetChrDepth(font.get(), 8);
   CRF_DrawMode(font.get(), job.kind == Kind::kHardText ? 0 : 1);
   CRF_SetMaxChrSize(font.get(), kGlyphSize, kGlyphSize);
   const std::vector<Letter> &letters = Letters(job);
-  for (int32_t code = 0; code < 256; ++code) {
+  for (int32_t code = 0; code < codes; ++code) {
     const int32_t header[] = {kGlyphSize, kGlyphSize, 8, 0};
     std::array<uint8_t, sizeof header + sizeof(Letter)> image;
     std::memcpy(image.data(), header, sizeof header);
