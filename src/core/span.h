@@ -18,7 +18,6 @@ struct Span {
   int32_t du;
   int32_t dv;
 
-  // Sets what a flat span has.
   void Place(int64_t row, int64_t leftX, int64_t rightX) {
     y = static_cast<int32_t>(row);
     left = static_cast<int32_t>(leftX);
@@ -28,8 +27,17 @@ struct Span {
 
 static_assert(sizeof(Span) == 36);
 
+// One of the consecutive rows of a shape in one colour; it has no pixels where right <= left.
+struct FlatSpan {
+  int32_t left;
+  int32_t right;
+};
+
 // The number of pixels; a reversed span has less than none.
-inline ptrdiff_t Length(const Span &span) { return ptrdiff_t{span.right} - span.left; }
+template <class S>
+ptrdiff_t Length(const S &span) {
+  return ptrdiff_t{span.right} - span.left;
+}
 
 // The block of span records that filled shapes share, so that drawing allocates nothing once it has
 // grown to the height of the viewport.

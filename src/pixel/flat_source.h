@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include "pixel/run.h"
 
@@ -18,27 +19,20 @@ BRISAL_INLINE auto OneOf(uint32_t packed) {
   return pixel;
 }
 
-// A source of one packed colour, repeated.
+// Words of 24-bit pixels repeat after three.
+template <class V, int First, size_t... I>
+BRISAL_INLINE V RepeatedWords(Vector<uint32_t, 16> three, std::index_sequence<I...>) {
+  return As<uint8_t>(__builtin_shufflevector(three, three, ((First + I) % 3)...));
+}
+
+// A source of one packed colour, repeated. Its groups are made in registers: small jobs would wait for
+// what they have just stored.
 template <class F>
 class Flat {
  public:
-  BRISAL_INLINE explicit Flat(uint32_t packed) {
-    if constexpr (F::kBytes == 2) packed = (packed & 0xFFFF) * 0x10001u;
-    if constexpr (F::kBytes == 3) {
-      const uint64_t pixel = (packed >> 16 & 0xFF) | (packed & 0xFF00) | (packed & 0xFF) << 16;
-      const uint64_t words[3] = {pixel | pixel << 24 | pixel << 48,
-                                 pixel >> 16 | pixel << 8 | pixel << 32 | pixel << 56,
-                                 pixel >> 8 | pixel << 16 | pixel << 40};
-      for (size_t i = 0; i < sizeof bytes_; i += sizeof words) {
-        std::memcpy(bytes_ + i, words, sizeof words);
-      }
-    } else {
-      const auto words = Splat<Vector<uint32_t, kBytes>>(packed);
-      std::memcpy(bytes_, &words, sizeof words);
-    }
-  }
+  BRISAL_INLINE explicit Flat(uint32_t packed) : packed_(packed) {}
 
-  BRISAL_INLINE auto One(ptrdiff_t) const { return LoadOne<F>(bytes_); }
+  BRISAL_INLINE auto One(ptrdiff_t) const { return OneOf<F>(packed_); }
 
   template <int VectorBytes>
   struct Cursor {
@@ -50,12 +44,23 @@ class Flat {
 
   template <int VectorBytes>
   BRISAL_INLINE Cursor<VectorBytes> Start() const {
-    return {Group<F, VectorBytes>::Load(bytes_)};
+    using G = Group<F, VectorBytes>;
+    using V = typename G::V;
+    if constexpr (F::kBytes == 3) {
+      constexpr int kWords = VectorBytes / 4;
+      constexpr auto kLanes = std::make_index_sequence<kWords>{};
+      const uint32_t p = (packed_ >> 16 & 0xFF) | (packed_ & 0xFF00) | (packed_ & 0xFF) << 16;
+      const Vector<uint32_t, 16> three = {p | p << 24, p >> 8 | p << 16, p >> 16 | p << 8, 0};
+      return {{{RepeatedWords<V, 0>(three, kLanes), RepeatedWords<V, kWords % 3>(three, kLanes),
+                RepeatedWords<V, 2 * kWords % 3>(three, kLanes)}}};
+    } else {
+      const uint32_t word = F::kBytes == 2 ? (packed_ & 0xFFFF) * 0x10001u : packed_;
+      return {{{As<typename F::Lane>(Splat<Vector<uint32_t, VectorBytes>>(word))}}};
+    }
   }
 
  private:
-  static constexpr int kBytes = 32;  // the widest vector
-  alignas(32) uint8_t bytes_[F::kBytes == 3 ? 3 * kBytes : kBytes];
+  uint32_t packed_;
 };
 
 }  // namespace brisal

@@ -78,41 +78,37 @@ BRISAL_INLINE G TargetOr(const S &source, const uint8_t *p) {
   }
 }
 
-// A run shorter than a group: two narrower groups that overlap in the middle, both read before
-// either is written. So hardly any length needs single pixels.
+// A run of one group to two: two groups that overlap in the middle, both read before either is written.
 template <class F, int VectorBytes, class R, class Source>
-BRISAL_INLINE void CombineShortRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
-                                   const Source &source) {
+BRISAL_INLINE void CombineTwoGroups(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
+                                    const Source &source) {
   using G = Group<F, VectorBytes>;
-  if (n >= G::kPixels) {
-    const ptrdiff_t last = n - G::kPixels;
-    const ptrdiff_t end = last * F::kBytes;
-    const auto cursor = source.template Start<VectorBytes>();
-    const auto headSource = cursor.Get();
-    const auto tailSource = cursor.Ahead(last);
-    const G head = G::Combine(rule, TargetOr<R, G>(headSource, from), headSource);
-    const G tail = G::Combine(rule, TargetOr<R, G>(tailSource, from + end), tailSource);
-    head.Store(to);
-    tail.Store(to + end);
-    return;
-  }
-  if constexpr (VectorBytes > 4) {
-    CombineShortRun<F, VectorBytes / 2>(to, from, n, rule, source);
-  } else {
-    for (ptrdiff_t i = 0; i < n; ++i) {
-      const auto pixel = rule(LoadOne<F>(from + i * F::kBytes), source.One(i));
-      StoreOne<F>(to + i * F::kBytes, pixel);
-    }
+  const ptrdiff_t last = n - G::kPixels;
+  const ptrdiff_t end = last * F::kBytes;
+  const auto cursor = source.template Start<VectorBytes>();
+  const auto headSource = cursor.Get();
+  const auto tailSource = cursor.Ahead(last);
+  const G head = G::Combine(rule, TargetOr<R, G>(headSource, from), headSource);
+  const G tail = G::Combine(rule, TargetOr<R, G>(tailSource, from + end), tailSource);
+  head.Store(to);
+  tail.Store(to + end);
+}
+
+template <class F, class R, class Source>
+BRISAL_INLINE void CombineSinglePixels(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
+                                       const Source &source) {
+  for (ptrdiff_t i = 0; i < n; ++i) {
+    const auto pixel = rule(LoadOne<F>(from + i * F::kBytes), source.One(i));
+    StoreOne<F>(to + i * F::kBytes, pixel);
   }
 }
 
-// Combines the n >= 1 pixels at `from` with the source and stores them at `to`, mostly the same
-// place. The last group overlaps the one before it; it is read before anything is written.
+// A run of a group or more. The last group overlaps the one before it; it is read before anything is
+// written.
 template <class F, int VectorBytes, class R, class Source>
-BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
-                              const Source &source) {
+BRISAL_INLINE void CombineGroups(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
+                                 const Source &source) {
   using G = Group<F, VectorBytes>;
-  if (n < G::kPixels) return CombineShortRun<F, VectorBytes / 2>(to, from, n, rule, source);
   const ptrdiff_t last = n - G::kPixels;
   uint8_t *const end = to + last * F::kBytes;
   auto cursor = source.template Start<VectorBytes>();
@@ -125,6 +121,46 @@ BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, con
     cursor.Advance();
   }
   tail.Store(end);
+}
+
+// Combines the n >= 1 pixels at `from` with the source and stores them at `to`, mostly the same
+// place. A run that no wide group fits into takes narrower ones, so that hardly any length needs single
+// pixels; there are at most two then.
+template <class F, int VectorBytes, bool kIsLong = true, class R, class Source>
+BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
+                              const Source &source) {
+  if (n < Group<F, VectorBytes>::kPixels) {
+    if constexpr (VectorBytes > 4) {
+      return CombineRun<F, VectorBytes / 2, false>(to, from, n, rule, source);
+    } else {
+      return CombineSinglePixels<F>(to, from, n, rule, source);
+    }
+  }
+  if constexpr (kIsLong) {
+    CombineGroups<F, VectorBytes>(to, from, n, rule, source);
+  } else {
+    CombineTwoGroups<F, VectorBytes>(to, from, n, rule, source);
+  }
+}
+
+// The same run on each of some rows, with one source for all. What to do with its length is decided
+// once.
+template <class F, int VectorBytes, bool kIsLong = true, class R, class Source>
+BRISAL_INLINE void CombineBlock(uint8_t *row, ptrdiff_t pitch, ptrdiff_t n, ptrdiff_t rows,
+                                const R &rule, const Source &source) {
+  const bool fits = n >= Group<F, VectorBytes>::kPixels;
+  if constexpr (VectorBytes > 4) {
+    if (!fits) return CombineBlock<F, VectorBytes / 2, false>(row, pitch, n, rows, rule, source);
+  }
+  for (ptrdiff_t y = 0; y < rows; ++y, row += pitch) {
+    if (!fits) {
+      CombineSinglePixels<F>(row, row, n, rule, source);
+    } else if constexpr (kIsLong) {
+      CombineGroups<F, VectorBytes>(row, row, n, rule, source);
+    } else {
+      CombineTwoGroups<F, VectorBytes>(row, row, n, rule, source);
+    }
+  }
 }
 
 }  // namespace brisal

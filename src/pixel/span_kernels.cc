@@ -10,22 +10,25 @@ namespace {
 template <class F, class R>
 struct FlatSpans {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Runs &runs, const Buffer &given, uint32_t packed,
-                                uint32_t alpha) {
-    const Buffer target = given;
+  BRISAL_INLINE static void Run(const FlatSpan *spans, ptrdiff_t count, uint8_t *row,
+                                ptrdiff_t pitch, uint32_t packed, uint32_t alpha) {
     const R rule(alpha);
     const Flat<F> source(packed);
-    const Span *span = runs.spans;
-    const int64_t count = runs.count;
-    const int64_t spanStep = runs.spanStep;
-    const int64_t rowStep = runs.rowStep;
-    for (int64_t i = 0; i < count; ++i, span += spanStep) {
-      const ptrdiff_t n = Length(*span);
+    for (const FlatSpan *const end = spans + count; spans < end; ++spans, row += pitch) {
+      const ptrdiff_t n = Length(*spans);
       if (n <= 0) continue;
-      uint8_t *row = target.Row(span->y + i * rowStep);
-      uint8_t *first = row + ptrdiff_t{span->left} * F::kBytes;
+      uint8_t *const first = row + ptrdiff_t{spans->left} * F::kBytes;
       CombineRun<F, VectorBytes>(first, first, n, rule, source);
     }
+  }
+};
+
+template <class F, class R>
+struct Block {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(uint8_t *first, ptrdiff_t pitch, ptrdiff_t width, ptrdiff_t rows,
+                                uint32_t packed, uint32_t alpha) {
+    CombineBlock<F, VectorBytes>(first, pitch, width, rows, R(alpha), Flat<F>(packed));
   }
 };
 
@@ -34,8 +37,12 @@ void OnePixel(uint8_t *p, uint32_t packed, uint32_t alpha) {
   StoreOne<F>(p, R(alpha)(LoadOne<F>(p), OneOf<F>(packed)));
 }
 
-using SpanTable = KernelTable<FoldPacked, const Runs &, const Buffer &, uint32_t, uint32_t>;
+using SpanTable =
+    KernelTable<FoldPacked, const FlatSpan *, ptrdiff_t, uint8_t *, ptrdiff_t, uint32_t, uint32_t>;
 constexpr auto kSpanKernels = SpanTable::Of<FlatSpans>(Rules{});
+using BlockTable =
+    KernelTable<FoldPacked, uint8_t *, ptrdiff_t, ptrdiff_t, ptrdiff_t, uint32_t, uint32_t>;
+constexpr auto kBlockKernels = BlockTable::Of<Block>(Rules{});
 
 template <template <class> class R, class... F>
 constexpr std::array<PixelKernel, sizeof...(F)> PixelRow(TypeList<F...>) {
@@ -54,6 +61,11 @@ constexpr auto kPixelKernels = PixelTable(Rules{});
 SpanKernel FindSpanKernel(bool wide, Rule rule, int32_t format) {
   if (rule == Rule::kNone || !IsFormat(format)) return nullptr;
   return kSpanKernels[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)].columns[wide];
+}
+
+BlockKernel FindBlockKernel(bool wide, Rule rule, int32_t format) {
+  if (rule == Rule::kNone || !IsFormat(format)) return nullptr;
+  return kBlockKernels[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)].columns[wide];
 }
 
 PixelKernel FindPixelKernel(Rule rule, int32_t format) {

@@ -9,25 +9,18 @@
 
 namespace brisal {
 
-// A list of spans, or the same span on consecutive rows.
-struct Runs {
-  static Runs List(const Span *spans, int64_t count) { return {spans, count, 1, 0}; }
-  static Runs Rows(const Span *span, int64_t count) { return {span, count, 0, 1}; }
-
-  const Span *spans;
-  int64_t count;
-  int32_t spanStep;
-  int32_t rowStep;
-};
-
-// By reference, so that what was just stored piece by piece is read piece by piece.
-using SpanKernel = void (*)(const Runs &runs, const Buffer &target, uint32_t packed,
-                            uint32_t alpha);
+// Combine one packed colour with pixels of a format: with a run on each of consecutive rows, of which
+// `row` is column 0 of the first; or with a block whose first pixel is `first`.
+using SpanKernel = void (*)(const FlatSpan *spans, ptrdiff_t count, uint8_t *row, ptrdiff_t pitch,
+                            uint32_t packed, uint32_t alpha);
+using BlockKernel = void (*)(uint8_t *first, ptrdiff_t pitch, ptrdiff_t width, ptrdiff_t rows,
+                             uint32_t packed, uint32_t alpha);
 using ShadedKernel = void (*)(const ShadedSpan *spans, int64_t count, Buffer target);
 using PixelKernel = void (*)(uint8_t *pixel, uint32_t packed, uint32_t alpha);
 
 // Each is null where there is nothing to draw: for Rule::kNone and for codes that are no format.
 SpanKernel FindSpanKernel(bool wide, Rule rule, int32_t format);
+BlockKernel FindBlockKernel(bool wide, Rule rule, int32_t format);
 PixelKernel FindPixelKernel(Rule rule, int32_t format);
 // Also null for rules that are not shaded.
 ShadedKernel FindShadedKernel(bool wide, Rule rule, int32_t format);

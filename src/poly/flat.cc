@@ -11,22 +11,22 @@ void DrawFlatPoly(const Canvas &canvas, SpanBuffer &spanBuffer, const VertexList
   const Viewport &view = canvas.viewport;
   const Polygon polygon(list, count);
   if (!polygon.Shows(view)) return;
-  Span *const spans = spanBuffer.Get<Span>(polygon.MaxRows(view));
+  FlatSpan *const spans = spanBuffer.Get<FlatSpan>(polygon.MaxRows(view));
   if (spans == nullptr) return;
-  Span *end = spans;
+  FlatSpan *end = spans;
   using Side = Chain<NoValues>;
   if (polygon.CrossesSides(view)) {
-    WalkEdges<NoValues>(polygon, view, [&](int64_t y, const Side &l, const Side &r) {
-      const int64_t left = std::max<int64_t>(l.x / 65536, view.left);
-      const int64_t right = std::min<int64_t>(r.x / 65536, view.right);
-      if (left < right) (end++)->Place(y, left, right);
+    WalkEdges<NoValues>(polygon, view, [&](int64_t, const Side &l, const Side &r) {
+      *end++ = {static_cast<int32_t>(std::max<int64_t>(l.x / 65536, view.left)),
+                static_cast<int32_t>(std::min<int64_t>(r.x / 65536, view.right))};
     });
   } else {
-    WalkEdges<NoValues>(polygon, view, [&](int64_t y, const Side &l, const Side &r) {
-      (end++)->Place(y, l.x >> 16, r.x >> 16);
+    WalkEdges<NoValues>(polygon, view, [&](int64_t, const Side &l, const Side &r) {
+      *end++ = {static_cast<int32_t>(l.x >> 16), static_cast<int32_t>(r.x >> 16)};
     });
   }
-  DrawSpanList(canvas, spans, end - spans, PackColour(colour, canvas.target.format),
+  const int64_t top = std::max(polygon.bounds.minY, view.top);
+  DrawSpanList(canvas, top, spans, end - spans, PackColour(colour, canvas.target.format),
                ModeOfFlags(drawMode));
 }
 

@@ -42,7 +42,7 @@ class TexturePainter {
     fillsGaps_ = !keepsTarget_ && compressed && !direct;
     output_ = FindOutputKernel(canvas.wide, OutputOf(texture), canvas.target.format);
     areMask_ = FindMaskKernel(texture.format);
-    fillGap_ = FindSpanKernel(canvas.wide, Rule::kSolid, canvas.target.format);
+    fillGap_ = FindBlockKernel(canvas.wide, Rule::kSolid, canvas.target.format);
     ramp_ = FindRampKernel(canvas.wide);
     const bool keyed = keepsTarget_ && (compressed || direct);
     // Where gaps are filled, it is with what the texels there are anyway.
@@ -148,9 +148,7 @@ class TexturePainter {
 
   void FillGap(uint8_t *pixels, int32_t left, int32_t right) const {
     if (left >= right) return;
-    Span span;
-    span.Place(0, left, right);
-    fillGap_(Runs::List(&span, 1), {pixels, 0, canvas_.target.format}, maskPacked_, 0);
+    fillGap_(pixels + ByteOffset(left, pixelBytes_), 0, right - left, 1, maskPacked_, 0);
   }
 
   const Canvas &canvas_;
@@ -164,7 +162,7 @@ class TexturePainter {
   FetchKernel fetch_;
   OutputKernel output_;
   MaskKernel areMask_;
-  SpanKernel fillGap_;
+  BlockKernel fillGap_;
   RampKernel ramp_;
   CopyKernel copy_ = nullptr;  // where texels need no stages in between
 };

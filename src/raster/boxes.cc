@@ -48,11 +48,11 @@ void OutlineBox(const Canvas &canvas, const Rectangle &box, uint32_t packed, int
 
 void FillBox(const Canvas &canvas, const Rectangle &box, uint32_t packed, int32_t mode) {
   const Viewport &view = canvas.viewport;
-  Span row;
-  row.Place(std::max<int64_t>(box.top, view.top), std::max<int64_t>(box.left, view.left),
-            std::min<int64_t>(box.right, view.right));
-  const int64_t rows = std::min<int64_t>(box.bottom, view.bottom) - row.y;
-  if (rows > 0) DrawRectangle(canvas, row, rows, packed, mode);
+  DrawRectangle(
+      canvas,
+      {std::max<int64_t>(box.left, view.left), std::max<int64_t>(box.top, view.top),
+       std::min<int64_t>(box.right, view.right), std::min<int64_t>(box.bottom, view.bottom)},
+      packed, mode);
 }
 
 }  // namespace

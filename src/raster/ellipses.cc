@@ -152,19 +152,20 @@ void FillEllipseClipped(const Canvas &canvas, const QuarterCircle &quarter, Span
   // Height i lies on row cy + i, and on row cy + 1 - i.
   const Range lower = Within(heights, e.cy, 1, view.top, view.bottom);
   const Range upper = Within(heights, e.cy + 1, -1, view.top, view.bottom);
-  Span *const spans = spanBuffer.Get<Span>(lower.Count() + upper.Count());
-  if (spans == nullptr) return;
-  Span *end = spans;
-  const auto add = [&](int64_t h, int64_t y) {
-    const int64_t left = std::max<int64_t>(e.cx - h, view.left);
-    const int64_t right = std::min<int64_t>(e.cx + h, view.right);
-    if (left < right) (end++)->Place(y, left, right);
+  // Either half is missing where the view cuts the middle rows off, so that the rows are consecutive.
+  const int64_t rows = upper.Count() + lower.Count();
+  const int64_t top = upper.Count() > 0 ? e.cy + 1 - upper.last : e.cy + lower.first;
+  FlatSpan *const spans = spanBuffer.Get<FlatSpan>(rows);
+  if (spans == nullptr || rows == 0) return;
+  const auto put = [&](int64_t h, int64_t y) {
+    spans[y - top] = {static_cast<int32_t>(std::max<int64_t>(e.cx - h, view.left)),
+                      static_cast<int32_t>(std::min<int64_t>(e.cx + h, view.right))};
   };
   HalfWidths upperWidths(quarter, upper.first, e.ry, e.rx);
-  for (int64_t i = upper.first; i <= upper.last; ++i) add(upperWidths.Next(), e.cy + 1 - i);
+  for (int64_t i = upper.first; i <= upper.last; ++i) put(upperWidths.Next(), e.cy + 1 - i);
   HalfWidths lowerWidths(quarter, lower.first, e.ry, e.rx);
-  for (int64_t i = lower.first; i <= lower.last; ++i) add(lowerWidths.Next(), e.cy + i);
-  DrawSpanList(canvas, spans, end - spans, packed, ModeOfFlags(flags));
+  for (int64_t i = lower.first; i <= lower.last; ++i) put(lowerWidths.Next(), e.cy + i);
+  DrawSpanList(canvas, top, spans, rows, packed, ModeOfFlags(flags));
 }
 
 void FillEllipseUnclipped(const Canvas &canvas, const QuarterCircle &quarter,
@@ -172,15 +173,16 @@ void FillEllipseUnclipped(const Canvas &canvas, const QuarterCircle &quarter,
                           int32_t flags) {
   if (e.rx < 1 || e.ry < 1) return;
   const int64_t rows = e.ry - 1;  // above the middle, and as many below it
-  Span *const spans = spanBuffer.Get<Span>(2 * rows);
+  FlatSpan *const spans = spanBuffer.Get<FlatSpan>(2 * rows);
   if (spans == nullptr) return;
   HalfWidths widths(quarter, 1, e.ry, e.rx);
   for (int64_t k = 1; k <= rows; ++k) {
     const int64_t h = widths.Next();
-    spans[rows - k].Place(e.cy - k, e.cx - h, e.cx + h);
-    spans[rows + k - 1].Place(e.cy + k - 1, e.cx - h, e.cx + h);
+    const FlatSpan span = {static_cast<int32_t>(e.cx - h), static_cast<int32_t>(e.cx + h)};
+    spans[rows - k] = span;
+    spans[rows + k - 1] = span;
   }
-  DrawSpanList(canvas, spans, 2 * rows, packed, ModeOfFlags(flags));
+  DrawSpanList(canvas, e.cy - rows, spans, 2 * rows, packed, ModeOfFlags(flags));
 }
 
 }  // namespace brisal

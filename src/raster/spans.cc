@@ -1,27 +1,34 @@
 #include "raster/spans.h"
 
+#include "pixel/format.h"
 #include "pixel/span_kernels.h"
 
 namespace brisal {
 namespace {
 
-void DrawRuns(const Canvas &canvas, const Runs &runs, Rule rule, uint32_t packed) {
-  const SpanKernel kernel = FindSpanKernel(canvas.wide, rule, canvas.target.format);
-  if (kernel != nullptr) kernel(runs, canvas.target, packed, canvas.inkAlpha);
+void DrawBlock(const Canvas &canvas, const PixelBox &box, Rule rule, uint32_t packed) {
+  if (box.left >= box.right || box.top >= box.bottom) return;
+  const Buffer &target = canvas.target;
+  const BlockKernel kernel = FindBlockKernel(canvas.wide, rule, target.format);
+  if (kernel == nullptr) return;
+  kernel(target.Row(box.top) + ByteOffset(box.left, BytesPerPixel(target.format)), target.pitch,
+         box.right - box.left, box.bottom - box.top, packed, canvas.inkAlpha);
 }
 
 }  // namespace
 
-void DrawSpanList(const Canvas &canvas, const Span *spans, int64_t count, uint32_t packed,
-                  int32_t mode) {
-  const Rule rule = SpanRule(mode, canvas.target.format, canvas.inkAlpha, packed);
-  DrawRuns(canvas, Runs::List(spans, count), rule, packed);
+void DrawSpanList(const Canvas &canvas, int64_t top, const FlatSpan *spans, int64_t count,
+                  uint32_t packed, int32_t mode) {
+  const Buffer &target = canvas.target;
+  const Rule rule = SpanRule(mode, target.format, canvas.inkAlpha, packed);
+  const SpanKernel kernel = FindSpanKernel(canvas.wide, rule, target.format);
+  if (kernel != nullptr) {
+    kernel(spans, count, target.Row(top), target.pitch, packed, canvas.inkAlpha);
+  }
 }
 
-void DrawRectangle(const Canvas &canvas, const Span &first, int64_t rows, uint32_t packed,
-                   int32_t mode) {
-  const Rule rule = SpanRule(mode, canvas.target.format, canvas.inkAlpha, packed);
-  DrawRuns(canvas, Runs::Rows(&first, rows), rule, packed);
+void DrawRectangle(const Canvas &canvas, const PixelBox &box, uint32_t packed, int32_t mode) {
+  DrawBlock(canvas, box, SpanRule(mode, canvas.target.format, canvas.inkAlpha, packed), packed);
 }
 
 void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t count,
@@ -32,10 +39,8 @@ void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t 
 
 void DrawStrip(const Canvas &canvas, int32_t y, int64_t x1, int64_t x2, uint32_t packed,
                int32_t mode) {
-  Span strip;
-  strip.Place(y, x1, x2);
   const Rule rule = StripRule(mode, canvas.target.format, canvas.inkAlpha);
-  DrawRuns(canvas, Runs::List(&strip, 1), rule, packed);
+  DrawBlock(canvas, {x1, y, x2, int64_t{y} + 1}, rule, packed);
 }
 
 }  // namespace brisal

@@ -8,13 +8,20 @@
 
 namespace brisal {
 
-// Combines one colour with every pixel of the spans, which lie inside the buffer.
-void DrawSpanList(const Canvas &canvas, const Span *spans, int64_t count, uint32_t packed,
-                  int32_t mode);
+// Combines one colour with every pixel of the spans, which lie inside the buffer on consecutive rows
+// from `top` on.
+void DrawSpanList(const Canvas &canvas, int64_t top, const FlatSpan *spans, int64_t count,
+                  uint32_t packed, int32_t mode);
 
-// The same for a rectangle of `rows` rows, of which `first` is the topmost.
-void DrawRectangle(const Canvas &canvas, const Span &first, int64_t rows, uint32_t packed,
-                   int32_t mode);
+// Pixels inside the buffer; none unless right and bottom, one past the last, lie behind left and top.
+struct PixelBox {
+  int64_t left;
+  int64_t top;
+  int64_t right;
+  int64_t bottom;
+};
+
+void DrawRectangle(const Canvas &canvas, const PixelBox &box, uint32_t packed, int32_t mode);
 
 // Combines spans whose colours run change from end to end.
 void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t count,

@@ -50,10 +50,9 @@ Plan PlanFor(const BlitEffect &effect) {
 // Combines a rectangle of a buffer with the effect colour, in place.
 void Tint(bool wide, const Buffer &buffer, Rule rule, uint32_t packed, int64_t x, int64_t y,
           const BlitArea &area) {
-  Span row;
-  row.Place(y, x, x + area.right - area.left);
-  const Runs runs = Runs::Rows(&row, area.bottom - area.top);
-  FindSpanKernel(wide, rule, buffer.format)(runs, buffer, packed, 0);
+  FindBlockKernel(wide, rule, buffer.format)(
+      buffer.Row(y) + ByteOffset(x, BytesPerPixel(buffer.format)), buffer.pitch,
+      area.right - area.left, area.bottom - area.top, packed, 0);
 }
 
 // The buffers and the way of one call, for any part of its area.
