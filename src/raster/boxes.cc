@@ -26,8 +26,9 @@ struct Rectangle {
 };
 
 // The border, its right column and bottom row included: rows by the strip's choice of modes,
-// columns by the one-pixel rule.
-void OutlineBox(const Canvas &canvas, const Rectangle &box, uint32_t packed, int32_t mode) {
+// columns by the one-pixel rule. Not inlined, since filled boxes would save its registers.
+[[gnu::noinline]] void OutlineBox(const Canvas &canvas, Rectangle box, uint32_t packed,
+                                  int32_t mode) {
   const Viewport &view = canvas.viewport;
   const int64_t left = std::max<int64_t>(box.left, view.left);
   const int64_t right = std::min<int64_t>(box.right, int64_t{view.right} - 1);
