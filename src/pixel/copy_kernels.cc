@@ -36,6 +36,14 @@ bool AreMask(const TexelPath &path, ptrdiff_t n) {
   return true;
 }
 
+template <class F>
+int32_t FindMaskRow(const TexelPath &given, ptrdiff_t n, int32_t rows) {
+  TexelPath path = given;
+  int32_t row = 0;
+  for (; row < rows && !AreMask<F>(path, n); ++row) path.v += kOneTexel;
+  return row;
+}
+
 template <class F, bool Keyed>
 struct CopySpans {
   // The key is not looked for in vectors of three-byte pixels.
@@ -89,6 +97,9 @@ struct CopySpans {
 
   template <int VectorBytes>
   BRISAL_INLINE static void LoadPiece(const TexelPath &path, int n, uint8_t *to) {
+    if constexpr (F::kBytes != 3) {
+      if (CopiesDoubled<F, VectorBytes>(path, n, to)) return;
+    }
     if constexpr (F::kBytes == 4) {
       if (CopiesStretched<VectorBytes>(path, n, to)) return;
     }
@@ -124,7 +135,7 @@ CopyKernel FindCopyKernel(bool wide, int32_t format, bool keyed) {
 
 MaskKernel FindMaskKernel(int32_t format) {
   return WithFormat(format, MaskKernel{nullptr},
-                    [](auto f) -> MaskKernel { return &AreMask<decltype(f)>; });
+                    [](auto f) -> MaskKernel { return &FindMaskRow<decltype(f)>; });
 }
 
 }  // namespace brisal

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "pixel/column.h"
+#include "pixel/convert_source.h"
 #include "pixel/pixel_source.h"
-#include "pixel/rules.h"
 #include "pixel/run.h"
 #include "pixel/texel_loads.h"
 
@@ -56,44 +56,90 @@ struct WeighedBytes {
   H odd = {};
 };
 
+// Blends bytes from one vector of words to another by weights below 256, both halves of a word by one.
+template <class V, class H>
+BRISAL_INLINE V BlendBytes(V from, V to, H weight) {
+  const auto a = As<uint16_t>(from);
+  const auto b = As<uint16_t>(to);
+  const auto even = (a << 8) + ((b & 0xFF) - (a & 0xFF)) * weight;
+  const auto odd = (a & 0xFF00) + ((b >> 8) - (a >> 8)) * weight;
+  return As<uint32_t>((even >> 8) | (odd & 0xFF00));
+}
+
 template <class F>
 struct FilterRow {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const TexelPath &given, int n, uint32_t *colours) {
     const TexelPath path = given;
-    uint32_t own[kPiece];
-    uint32_t right[kPiece];
-    LoadStored<F, VectorBytes>(path, n, own);
-    LoadRight<VectorBytes>(path, n, own, right);
-    using V = Vector<uint32_t, VectorBytes>;
-    Fractions<V> fractions(path.u, path.du);
-    for (int i = 0; i < n; i += VectorBytes / 4, fractions.Advance()) {
-      const V weight = fractions.Get();
-      WeighedBytes<Vector<uint16_t, VectorBytes>> sum;
-      sum.Add(F::Widen(LoadVector<V>(Bytes(own + i))), 256 - weight);
-      sum.Add(F::Widen(LoadVector<V>(Bytes(right + i))), weight);
-      StoreVector(Bytes(colours + i), sum.Colours());
-    }
-  }
-
-  template <int VectorBytes>
-  BRISAL_INLINE static void LoadRight(TexelPath path, int n, const uint32_t *own, uint32_t *right) {
     int inside = n;
     while (inside > 0 &&
            Whole(path.u + path.du * static_cast<uint32_t>(inside - 1)) + 1 >= path.width) {
       --inside;
     }
-    path.u += kOneTexel;
-    if (inside > 0) LoadStored<F, VectorBytes>(path, inside, right);
-    for (int i = inside; i < n; ++i) right[i] = own[i];
+    if (VectorBytes == 32 && IsStretched(path, inside)) {
+      FilterStretched(path, inside, colours);
+    } else if (inside > 0) {
+      FilterPairs<VectorBytes>(path, inside, colours);
+    }
+    for (int i = inside; i < n; ++i) {
+      const int32_t column = Whole(path.u + path.du * static_cast<uint32_t>(i));
+      colours[i] = F::Widen(F::Load(TexelAt<F>(path, column, Whole(path.v))));
+    }
   }
+
+  BRISAL_INLINE static void FilterStretched(const TexelPath &path, int n, uint32_t *colours) {
+    const uint8_t *const row = path.address + Whole(path.v) * path.pitch;
+    ForEachStretch(
+        path, n, [=](int i, int32_t base, auto place) __attribute__((always_inline)) {
+          using V = decltype(place);
+          const uint8_t *const first = row + ptrdiff_t{base} * F::kBytes;
+          const V from = (place >> 16) - static_cast<uint32_t>(base);
+          V own;
+          V right;
+          Permute(LoadColours<F, V>(first), from, own);
+          Permute(LoadColours<F, V>(first + F::kBytes), from, right);
+          StoreVector(Bytes(colours + i), BlendBytes(own, right, InHalves((place >> 8) & 255u)));
+        });
+  }
+
+  template <int VectorBytes>
+  BRISAL_INLINE static void FilterPairs(TexelPath path, int n, uint32_t *colours) {
+    using V = Vector<uint32_t, VectorBytes>;
+    Fractions<V> fractions(path.u, path.du);
+    uint32_t own[kPiece];
+    uint32_t right[kPiece];
+    LoadStored<F, VectorBytes>(path, n, own);
+    path.u += kOneTexel;
+    LoadStored<F, VectorBytes>(path, n, right);
+    for (int i = 0; i < n; i += VectorBytes / 4, fractions.Advance()) {
+      const V from = F::Widen(LoadVector<V>(Bytes(own + i)));
+      const V to = F::Widen(LoadVector<V>(Bytes(right + i)));
+      StoreVector(Bytes(colours + i), BlendBytes(from, to, InHalves(fractions.Get())));
+    }
+  }
+};
+
+// A rule that blends every byte.
+struct Between {
+  static constexpr bool kReadsTarget = true;
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, V s) const {
+    return As<uint8_t>(BlendBytes(As<uint32_t>(d), As<uint32_t>(s), weight));
+  }
+
+  uint16_t weight;
 };
 
 struct BlendRows {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const uint32_t *top, const uint32_t *bottom, uint32_t weight, int n,
                                 uint8_t *colours) {
-    CombineRun<Texel32, VectorBytes>(colours, Bytes(top), n, Alpha<Texel32>(weight),
+    if (weight == 0) {
+      std::memcpy(colours, top, static_cast<size_t>(n) * sizeof *top);
+      return;
+    }
+    CombineRun<Texel32, VectorBytes>(colours, Bytes(top), n, Between{static_cast<uint16_t>(weight)},
                                      Pixels<Texel32>(Bytes(bottom)));
   }
 };

@@ -50,8 +50,9 @@ using CopyKernel = void (*)(const TexelPath &texture, const Span *spans, int64_t
                             const Buffer &target, bool skipsMask);
 CopyKernel FindCopyKernel(bool wide, int32_t format, bool keyed);
 
-// Whether all n texels are the mask colour.
-using MaskKernel = bool (*)(const TexelPath &path, ptrdiff_t n);
+// How many rows there are above the first one, of `rows`, whose n texels are all the mask colour; each
+// row's path begins a texel below the one before it.
+using MaskKernel = int32_t (*)(const TexelPath &path, ptrdiff_t n, int32_t rows);
 MaskKernel FindMaskKernel(int32_t format);
 
 // The colours of n pixels of a shaded span from the `first` on.

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 #include "pixel/format.h"
@@ -69,6 +70,12 @@ BRISAL_INLINE void ForEachTexel(const TexelPath &path, int n, Take take) {
   }
 }
 
+// Half of the lanes, from First on, each of them twice.
+template <int First, class V, size_t... I>
+BRISAL_INLINE V Twice(V lanes, std::index_sequence<I...>) {
+  return __builtin_shufflevector(lanes, lanes, (First + I / 2)...);
+}
+
 // Whether every eight pixels of the path come from eight neighbours in a row, all within its reach.
 constexpr int kStretched = 8;
 
@@ -78,13 +85,11 @@ BRISAL_INLINE bool IsStretched(const TexelPath &path, int n) {
   return Whole(last) - Whole(path.u) >= kStretched - 1;
 }
 
-// Copies a stretched row of words, where the set can permute them. False where it has not.
-template <int VectorBytes>
-BRISAL_INLINE bool CopiesStretched(const TexelPath &path, int n, uint8_t *to) {
-  if constexpr (VectorBytes != 32) return false;
-  if (!IsStretched(path, n)) return false;
-  using V = Vector<uint32_t, 32>;
-  const uint8_t *row = path.address + Whole(path.v) * path.pitch;
+// Calls take(i, base, place) for eight pixels at a time of a stretched path: pixel i + k shows column
+// place[k] >> 16, one of the eight from base on. The last eight may overlap those before them.
+template <class Take>
+BRISAL_INLINE void ForEachStretch(const TexelPath &path, int n, Take take) {
+  using V = Vector<uint32_t, 4 * kStretched>;
   const int32_t lastBase =
       Whole(path.u + path.du * static_cast<uint32_t>(n - 1)) - (kStretched - 1);
   const V ramp = Splat<V>(path.du) * LaneNumbers<V>(std::make_index_sequence<kStretched>{});
@@ -92,14 +97,54 @@ BRISAL_INLINE bool CopiesStretched(const TexelPath &path, int n, uint8_t *to) {
   for (int i = 0;; i += kStretched) {
     if (i > last) i = last;
     const uint32_t u = path.u + path.du * static_cast<uint32_t>(i);
-    const int32_t base = Whole(u) < lastBase ? Whole(u) : lastBase;
-    const V texels = LoadVector<V>(row + ptrdiff_t{base} * 4);
-    const V from = ((Splat<V>(u) + ramp) >> 16) - static_cast<uint32_t>(base);
-    V permuted;
-    Permute(texels, from, permuted);
-    StoreVector(to + ptrdiff_t{i} * 4, permuted);
-    if (i == last) return true;
+    take(i, Whole(u) < lastBase ? Whole(u) : lastBase, Splat<V>(u) + ramp);
+    if (i == last) return;
   }
+}
+
+// Copies a stretched row of words, where the set can permute them. False where it has not.
+template <int VectorBytes>
+BRISAL_INLINE bool CopiesStretched(const TexelPath &path, int n, uint8_t *to) {
+  if constexpr (VectorBytes != 32) return false;
+  if (!IsStretched(path, n)) return false;
+  const uint8_t *row = path.address + Whole(path.v) * path.pitch;
+  ForEachStretch(
+      path, n, [=](int i, int32_t base, auto place) __attribute__((always_inline)) {
+        using V = decltype(place);
+        const V texels = LoadVector<V>(row + ptrdiff_t{base} * 4);
+        V permuted;
+        Permute(texels, (place >> 16) - static_cast<uint32_t>(base), permuted);
+        StoreVector(to + ptrdiff_t{i} * 4, permuted);
+      });
+  return true;
+}
+
+// Copies a row that shows every texel twice. False where it does not.
+template <class F, int VectorBytes>
+BRISAL_INLINE bool CopiesDoubled(const TexelPath &path, int n, uint8_t *to) {
+  constexpr uint32_t kHalf = kOneTexel / 2;
+  if (path.dv != 0 || path.du != kHalf || path.u % kHalf != 0) return false;
+  const uint8_t *from = TexelAt<F>(path, Whole(path.u), Whole(path.v));
+  if (path.u % kOneTexel != 0 && n > 0) {
+    F::Store(to, F::Load(from));
+    from += F::kBytes;
+    to += F::kBytes;
+    --n;
+  }
+  using Word = std::conditional_t<F::kBytes == 2, uint16_t, uint32_t>;
+  using V = Vector<Word, VectorBytes>;
+  constexpr int kLanes = VectorBytes / F::kBytes;
+  int i = 0;
+  for (; i + 2 * kLanes <= n; i += 2 * kLanes, from += VectorBytes, to += 2 * VectorBytes) {
+    const V texels = LoadVector<V>(from);
+    StoreVector(to, Twice<0>(texels, std::make_index_sequence<kLanes>{}));
+    StoreVector(to + VectorBytes, Twice<kLanes / 2>(texels, std::make_index_sequence<kLanes>{}));
+  }
+  for (; i < n; ++i, to += F::kBytes) {
+    F::Store(to, F::Load(from));
+    if ((i & 1) != 0) from += F::kBytes;
+  }
+  return true;
 }
 
 // Loads n texels as they are stored.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "pixel/blit_kernels.h"
 #include "pixel/format.h"
 #include "pixel/span_kernels.h"
 #include "pixel/texel_kernels.h"
@@ -41,12 +42,12 @@ class TexturePainter {
                              direct ? keepsTarget_ : compressed);
     fillsGaps_ = !keepsTarget_ && compressed && !direct;
     output_ = FindOutputKernel(canvas.wide, OutputOf(texture), canvas.target.format);
-    areMask_ = FindMaskKernel(texture.format);
+    findMaskRow_ = FindMaskKernel(texture.format);
     fillGap_ = FindBlockKernel(canvas.wide, Rule::kSolid, canvas.target.format);
     ramp_ = FindRampKernel(canvas.wide);
-    const bool keyed = keepsTarget_ && (compressed || direct);
+    keyed_ = keepsTarget_ && (compressed || direct);
     // Where gaps are filled, it is with what the texels there are anyway.
-    if (CopiesStored(texture)) copy_ = FindCopyKernel(canvas.wide, texture.format, keyed);
+    if (CopiesStored(texture)) copy_ = FindCopyKernel(canvas.wide, texture.format, keyed_);
   }
 
   bool Draws() const { return pipeline_.outputEffect != 0 && fetch_ && output_; }
@@ -56,12 +57,41 @@ class TexturePainter {
     for (int64_t i = 0; i < count; ++i) DrawSpan(spans[i]);
   }
 
+  bool CopyBlock(const Viewport &part, int64_t x, int64_t y) const {
+    if (copy_ == nullptr) return false;
+    int32_t top = part.top;
+    TexelPath path = path_;
+    path.u = static_cast<uint32_t>((part.left - x) * 65536);
+    path.du = 0x10000;
+    const ptrdiff_t width = ptrdiff_t{part.right} - part.left;
+    while (fillsGaps_ && top < part.bottom) {
+      path.v = static_cast<uint32_t>((top - y) * 65536);
+      const int32_t shown = findMaskRow_(path, width, part.bottom - top);
+      CopyRows({part.left, top, part.right, top + shown}, x, y);
+      top += shown + 1;
+    }
+    if (!fillsGaps_) CopyRows(part, x, y);
+    return true;
+  }
+
  private:
+  void CopyRows(const Viewport &part, int64_t x, int64_t y) const {
+    const Buffer &target = canvas_.target;
+    const Transfer transfer = {
+        target.Row(part.top) + ByteOffset(part.left, pixelBytes_),
+        target.pitch,
+        path_.address + (part.top - y) * path_.pitch + (part.left - x) * pixelBytes_,
+        path_.pitch,
+        int64_t{part.right} - part.left,
+        int64_t{part.bottom} - part.top};
+    FindBlitKernel(canvas_.wide, target.format, target.format, keyed_)(transfer, path_.storedKey);
+  }
+
   void DrawSpan(const Span &span) {
     const int64_t width = int64_t{span.right} - span.left;
     if (width < 1) return;
     // A span of nothing but mask colour draws nothing, even where gaps are filled with it.
-    if (fillsGaps_ && areMask_(PathAt(span, 0), width)) return;
+    if (fillsGaps_ && findMaskRow_(PathAt(span, 0), width, 1) == 0) return;
     for (int64_t first = 0; first < width; first += kPiece) {
       DrawPiece(span, first, static_cast<int>(std::min<int64_t>(width - first, kPiece)));
     }
@@ -156,12 +186,13 @@ class TexturePainter {
   GouraudBuffer &gouraud_;
   TexelPath path_;
   bool keepsTarget_;
+  bool keyed_;
   bool fillsGaps_;
   int pixelBytes_;
   uint32_t maskPacked_;
   FetchKernel fetch_;
   OutputKernel output_;
-  MaskKernel areMask_;
+  MaskKernel findMaskRow_;
   BlockKernel fillGap_;
   RampKernel ramp_;
   CopyKernel copy_ = nullptr;  // where texels need no stages in between
@@ -173,6 +204,12 @@ void DrawTexturedSpans(const Canvas &canvas, const Surface &texture, const Span 
                        int64_t count, const Pipeline &pipeline, GouraudBuffer &gouraud) {
   TexturePainter painter(canvas, texture, pipeline, gouraud);
   if (painter.Draws()) painter.Draw(spans, count);
+}
+
+bool CopyTexture(const Canvas &canvas, const Surface &texture, const Viewport &part, int64_t x,
+                 int64_t y, const Pipeline &pipeline, GouraudBuffer &gouraud) {
+  const TexturePainter painter(canvas, texture, pipeline, gouraud);
+  return painter.Draws() && painter.CopyBlock(part, x, y);
 }
 
 }  // namespace brisal

@@ -151,26 +151,27 @@ void DrawTexture(const Canvas &canvas, const TextureWork &work, const Surface *t
                  int32_t y, const Pipeline *pipeline) {
   if (pipeline == nullptr || !HasTexels(texture)) return;
   const Viewport &view = canvas.viewport;
-  const int64_t left = std::max(x, view.left);
   const int64_t width = std::min(texture->width, kLargestTexel);
   const int64_t height = std::min(texture->height, kLargestTexel);
-  const int64_t right = std::min<int64_t>(x + width, view.right);
-  const int64_t top = std::max(y, view.top);
-  const int64_t bottom = std::min<int64_t>(y + height, view.bottom);
-  if (left >= right || top >= bottom) return;
-  Span *const spans = work.spans.Get<Span>(bottom - top);
+  const Viewport part = {std::max(x, view.left), std::max(y, view.top),
+                         static_cast<int32_t>(std::min<int64_t>(x + width, view.right)),
+                         static_cast<int32_t>(std::min<int64_t>(y + height, view.bottom))};
+  if (part.left >= part.right || part.top >= part.bottom) return;
+  if (CopyTexture(canvas, *texture, part, x, y, *pipeline, work.gouraud)) return;
+  const int64_t rows = int64_t{part.bottom} - part.top;
+  Span *const spans = work.spans.Get<Span>(rows);
   if (spans == nullptr) return;
   Span *span = spans;
-  for (int64_t row = top; row < bottom; ++row, ++span) {
-    span->Place(row, left, right);
-    span->u = static_cast<int32_t>((left - x) * 65536);
+  for (int64_t row = part.top; row < part.bottom; ++row, ++span) {
+    span->Place(row, part.left, part.right);
+    span->u = static_cast<int32_t>((int64_t{part.left} - x) * 65536);
     span->v = static_cast<int32_t>((row - y) * 65536);
     span->du = 0x10000;
     span->dv = 0;
     span->leftColour = 0xFFFFFF;
     span->rightColour = 0xFFFFFF;
   }
-  DrawTexturedSpans(canvas, *texture, spans, bottom - top, *pipeline, work.gouraud);
+  DrawTexturedSpans(canvas, *texture, spans, rows, *pipeline, work.gouraud);
 }
 
 }  // namespace brisal

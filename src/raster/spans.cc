@@ -6,7 +6,8 @@
 namespace brisal {
 namespace {
 
-BRISAL_INLINE void DrawBlock(const Canvas &canvas, const PixelBox &box, Rule rule, uint32_t packed) {
+BRISAL_INLINE void DrawBlock(const Canvas &canvas, const PixelBox &box, Rule rule,
+                             uint32_t packed) {
   if (box.left >= box.right || box.top >= box.bottom) return;
   const Buffer &target = canvas.target;
   const BlockKernel kernel = FindBlockKernel(canvas.wide, rule, target.format);

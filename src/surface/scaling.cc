@@ -104,16 +104,17 @@ class ViewSampler {
     for (int i = 0; i < n; ++i) colours[i] = Peek(source_, Whole((x + i) * xStep_), Whole(v));
   }
 
-  // The columns of n pixels of a source row.
+  // The columns of n pixels of a source row. The last one of the view is its own neighbour.
   void Columns(int64_t x, int n, int64_t row, ColumnPairs &columns) {
     const int64_t u = x * xStep_;
-    if (Shows(x, n, 1) && view_.ContainsRow(row)) {
-      Fetch(u, row * 65536, n, columns.own);
-      Fetch(u + 65536, row * 65536, n, columns.right);
-      return;
+    int inside = view_.ContainsRow(row) ? n : 0;
+    while (inside > 0 && !Shows(x, inside, 1)) --inside;
+    if (inside > 0) {
+      Fetch(u, row * 65536, inside, columns.own);
+      Fetch(u + 65536, row * 65536, inside, columns.right);
     }
     const int32_t y = static_cast<int32_t>(row);
-    for (int i = 0; i < n; ++i) {
+    for (int i = inside; i < n; ++i) {
       const int32_t column = Whole(u + i * xStep_);
       columns.own[i] = Peek(source_, column, y);
       const int64_t right = std::min<int64_t>(column, int64_t{view_.right} - 2) + 1;
