@@ -5,17 +5,19 @@
 #include "pixel/blit_rules.h"
 #include "pixel/column.h"
 #include "pixel/convert_source.h"
+#include "pixel/keyed_source.h"
 #include "pixel/pixel_source.h"
 
 namespace brisal {
 namespace {
 
-template <class R>
-BRISAL_INLINE R MakeRule(uint32_t key) {
-  if constexpr (std::is_constructible_v<R, uint32_t>) {
-    return R(key);
+// A rule or a source, with the key if it takes one.
+template <class T, class... First>
+BRISAL_INLINE T Make(uint32_t key, First... first) {
+  if constexpr (std::is_constructible_v<T, First..., uint32_t>) {
+    return T(first..., key);
   } else {
-    return R();
+    return T(first...);
   }
 }
 
@@ -37,60 +39,95 @@ struct BlitRows {
   }
 };
 
-// Pixels of a source object meet the target by a rule, in vectors; where the rows overlap, one after
+// The bytes from the first to the last of a block.
+struct Reach {
+  Reach(const uint8_t *first, ptrdiff_t pitch, int64_t rows, ptrdiff_t rowBytes)
+      : begin(reinterpret_cast<uintptr_t>(first)), end(begin + static_cast<uintptr_t>(rowBytes)) {
+    const auto distance = static_cast<uintptr_t>(ByteOffset(rows - 1, pitch));
+    (pitch < 0 ? begin : end) += distance;
+  }
+
+  uintptr_t begin;
+  uintptr_t end;
+};
+
+template <class T, class S>
+BRISAL_INLINE bool Overlap(const Transfer &t) {
+  const Reach to(t.to, t.toPitch, t.rows, t.width * T::kBytes);
+  const Reach from(t.from, t.fromPitch, t.rows, t.width * S::kBytes);
+  return to.begin < from.end && from.begin < to.end;
+}
+
+// Pixels of a source object meet the target by a rule, in vectors; where the blocks overlap, one after
 // the other.
 template <class T, class S, class Source, class R>
 struct CombineRows {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Transfer &given, uint32_t key) {
-    const Transfer transfer = given;
-    const R rule = MakeRule<R>(key);
-    for (int64_t row = 0; row < transfer.rows; ++row) {
-      uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
-      const uint8_t *from = transfer.from + ByteOffset(row, transfer.fromPitch);
-      if (Overlap(to, transfer.width * T::kBytes, from, transfer.width * S::kBytes)) {
-        CombineOneByOne(to, from, transfer.width, rule);
-      } else {
-        CombineRun<T, VectorBytes>(to, to, transfer.width, rule, Source(from));
-      }
+    const Transfer t = given;
+    const R rule = Make<R>(key);
+    const auto sourceOf = [&](int64_t row) __attribute__((always_inline)) {
+      return Make<Source>(key, t.from + ByteOffset(row, t.fromPitch));
+    };
+    if (!Overlap<T, S>(t)) {
+      return CombineBlock<T, VectorBytes>(t.to, t.toPitch, t.width, t.rows, rule, sourceOf);
     }
-  }
-
-  BRISAL_INLINE static bool Overlap(const uint8_t *to, ptrdiff_t toBytes, const uint8_t *from,
-                                    ptrdiff_t fromBytes) {
-    const uintptr_t ahead = reinterpret_cast<uintptr_t>(to) - reinterpret_cast<uintptr_t>(from);
-    return ahead < static_cast<uintptr_t>(fromBytes) || -ahead < static_cast<uintptr_t>(toBytes);
-  }
-
-  BRISAL_INLINE static void CombineOneByOne(uint8_t *to, const uint8_t *from, ptrdiff_t width,
-                                            const R &rule) {
-    for (ptrdiff_t i = 0; i < width; ++i, to += T::kBytes, from += S::kBytes) {
-      StoreOne<T>(to, rule(LoadOne<T>(to), Source(from).One(0)));
+    for (int64_t row = 0; row < t.rows; ++row) {
+      uint8_t *to = t.to + ByteOffset(row, t.toPitch);
+      CombineSinglePixels<T>(to, to, t.width, rule, sourceOf(row));
     }
   }
 };
 
-// Pixels that keep their bytes. Where the rows overlap, as copying one pixel after the other does.
-template <int PixelBytes>
-void CopyRows(const Transfer &transfer, uint32_t) {
-  const size_t bytes = static_cast<size_t>(transfer.width) * PixelBytes;
-  for (int64_t row = 0; row < transfer.rows; ++row) {
-    uint8_t *to = transfer.to + ByteOffset(row, transfer.toPitch);
-    const uint8_t *from = transfer.from + ByteOffset(row, transfer.fromPitch);
-    const uintptr_t ahead = reinterpret_cast<uintptr_t>(to) - reinterpret_cast<uintptr_t>(from);
-    if (ahead == 0 || ahead >= bytes) {
-      std::memmove(to, from, bytes);
-      continue;
+// Pixels that keep their bytes. Where the blocks overlap, as copying one pixel after the other does.
+template <class T>
+struct CopyRows {
+  static constexpr ptrdiff_t kLongRow = 1024;  // bytes from which on the C library is faster
+
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const Transfer &given, uint32_t) {
+    const Transfer t = given;
+    const size_t bytes = static_cast<size_t>(t.width) * T::kBytes;
+    if (t.width * T::kBytes < kLongRow && !Overlap<T, T>(t)) {
+      return CombineBlock<T, VectorBytes>(
+          t.to, t.toPitch, t.width, t.rows,
+          Solid<T>(0), [&](int64_t row) __attribute__((always_inline)) {
+            return Pixels<T>(t.from + ByteOffset(row, t.fromPitch));
+          });
     }
-    for (size_t i = 0; i < bytes; i += PixelBytes) std::memmove(to + i, from + i, PixelBytes);
+    for (int64_t row = 0; row < t.rows; ++row) {
+      uint8_t *to = t.to + ByteOffset(row, t.toPitch);
+      const uint8_t *from = t.from + ByteOffset(row, t.fromPitch);
+      const uintptr_t ahead = reinterpret_cast<uintptr_t>(to) - reinterpret_cast<uintptr_t>(from);
+      if (ahead == 0 || ahead >= bytes) {
+        std::memmove(to, from, bytes);
+        continue;
+      }
+      for (size_t i = 0; i < bytes; i += T::kBytes) std::memmove(to + i, from + i, T::kBytes);
+    }
   }
-}
+};
 
 using Blits = Kernels<const Transfer &, uint32_t>;
 
 template <class T, class S, class R>
 BlitKernel Pick(bool wide) {
   return Blits::Of<BlitRows<T, S, R>>().columns[wide];
+}
+
+// Formats whose pixels are of one size are copied alike.
+template <class T>
+using Storage =
+    std::conditional_t<T::kBytes == 2, Rgb565, std::conditional_t<T::kBytes == 3, Rgb24, Xrgb32>>;
+
+// Pixels of one storage, but for the key.
+template <class T>
+BlitKernel PickKeyed(bool wide) {
+  if constexpr (T::kBytes == 3) {
+    return Blits::Of<CombineRows<T, T, KeyedTriples, UnlessMasked>>().columns[wide];
+  } else {
+    return Blits::Of<CombineRows<T, T, Pixels<T>, UnlessKey<T>>>().columns[wide];
+  }
 }
 
 // A source blended by its alpha.
@@ -118,7 +155,7 @@ BlitKernel Find(bool wide, uint32_t flags) {
   if (kStrict<T, S> && others) return nullptr;
   if (!transparent) {
     if constexpr (kSameStorage<T, S>) {
-      return &CopyRows<T::kBytes>;
+      return Blits::Of<CopyRows<Storage<T>>>().columns[wide];
     } else if constexpr (T::kBytes == 4 && S::kBytes == 2) {
       // Widening pixel by pixel the compiler does a tenth faster.
       return Pick<T, S, CopyPixel<T, S>>(wide);
@@ -129,6 +166,8 @@ BlitKernel Find(bool wide, uint32_t flags) {
   if constexpr (std::is_same_v<S, Argb32> && !std::is_same_v<T, Argb32>) {
     if (others) return nullptr;
     return PickOver<T>(wide);
+  } else if constexpr (kSameStorage<T, S>) {
+    return PickKeyed<Storage<T>>(wide);
   } else if constexpr (std::is_same_v<S, Rgb24> && T::kBytes == 2) {
     return Pick<T, S, CopyUnlessConvertedKey<T, S>>(wide);
   } else {

@@ -1,6 +1,7 @@
 #include <type_traits>
 
 #include "pixel/column.h"
+#include "pixel/keyed_source.h"
 #include "pixel/pixel_source.h"
 #include "pixel/rules.h"
 #include "pixel/run.h"
@@ -9,22 +10,6 @@
 
 namespace brisal {
 namespace {
-
-// Leaves out the pixels that are the key. Words are compared whole.
-template <class F>
-struct UnlessKey {
-  static constexpr bool kReadsTarget = true;
-  using Word = std::conditional_t<F::kBytes == 2, uint16_t, uint32_t>;
-  explicit UnlessKey(uint32_t stored) : key(static_cast<Word>(stored)) {}
-
-  template <class V>
-  BRISAL_INLINE V operator()(V d, V s) const {
-    const auto shown = As<Word>(s);
-    return (V)(shown == key ? As<Word>(d) : shown);
-  }
-
-  Word key;
-};
 
 template <class F>
 bool AreMask(const TexelPath &path, ptrdiff_t n) {

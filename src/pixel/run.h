@@ -86,10 +86,10 @@ BRISAL_INLINE void CombineTwoGroups(uint8_t *to, const uint8_t *from, ptrdiff_t 
   const ptrdiff_t last = n - G::kPixels;
   const ptrdiff_t end = last * F::kBytes;
   const auto cursor = source.template Start<VectorBytes>();
-  const auto headSource = cursor.Get();
   const auto tailSource = cursor.Ahead(last);
-  const G head = G::Combine(rule, TargetOr<R, G>(headSource, from), headSource);
+  const auto headSource = cursor.Get();
   const G tail = G::Combine(rule, TargetOr<R, G>(tailSource, from + end), tailSource);
+  const G head = G::Combine(rule, TargetOr<R, G>(headSource, from), headSource);
   head.Store(to);
   tail.Store(to + end);
 }
@@ -143,22 +143,22 @@ BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, con
   }
 }
 
-// The same run on each of some rows, with one source for all. What to do with its length is decided
-// once.
-template <class F, int VectorBytes, bool kIsLong = true, class R, class Source>
+// A run on each of some rows, with the source that sourceOf(row number) gives. What to do with the
+// length is decided once.
+template <class F, int VectorBytes, bool kIsLong = true, class R, class SourceOf>
 BRISAL_INLINE void CombineBlock(uint8_t *row, ptrdiff_t pitch, ptrdiff_t n, ptrdiff_t rows,
-                                const R &rule, const Source &source) {
+                                const R &rule, const SourceOf &sourceOf) {
   const bool fits = n >= Group<F, VectorBytes>::kPixels;
   if constexpr (VectorBytes > 4) {
-    if (!fits) return CombineBlock<F, VectorBytes / 2, false>(row, pitch, n, rows, rule, source);
+    if (!fits) return CombineBlock<F, VectorBytes / 2, false>(row, pitch, n, rows, rule, sourceOf);
   }
   for (ptrdiff_t y = 0; y < rows; ++y, row += pitch) {
     if (!fits) {
-      CombineSinglePixels<F>(row, row, n, rule, source);
-    } else if constexpr (kIsLong) {
-      CombineGroups<F, VectorBytes>(row, row, n, rule, source);
+      CombineSinglePixels<F>(row, row, n, rule, sourceOf(y));
+    } else if (kIsLong || n == Group<F, VectorBytes>::kPixels) {
+      CombineGroups<F, VectorBytes>(row, row, n, rule, sourceOf(y));
     } else {
-      CombineTwoGroups<F, VectorBytes>(row, row, n, rule, source);
+      CombineTwoGroups<F, VectorBytes>(row, row, n, rule, sourceOf(y));
     }
   }
 }

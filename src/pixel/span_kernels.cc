@@ -28,7 +28,12 @@ struct Block {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(uint8_t *first, ptrdiff_t pitch, ptrdiff_t width, ptrdiff_t rows,
                                 uint32_t packed, uint32_t alpha) {
-    CombineBlock<F, VectorBytes>(first, pitch, width, rows, R(alpha), Flat<F>(packed));
+    const Flat<F> source(packed);
+    CombineBlock<F, VectorBytes>(
+        first, pitch, width, rows,
+        R(alpha), [&](ptrdiff_t) __attribute__((always_inline))->const Flat<F> & {
+          return source;
+        });
   }
 };
 

@@ -53,7 +53,6 @@ using TripleWords = Vector<uint32_t, (VectorBytes < 16 ? 16 : VectorBytes)>;
 template <class F, int VectorBytes, class Words>
 BRISAL_INLINE Group<F, VectorBytes> JoinTriples(Words words) {
   using V = TripleWords<VectorBytes>;
-  using G = Group<F, VectorBytes>;
   if constexpr (VectorBytes >= 16) {
     using Lanes = std::make_index_sequence<sizeof(V) / 4>;
     const V a = Compact(words(0));
@@ -62,11 +61,16 @@ BRISAL_INLINE Group<F, VectorBytes> JoinTriples(Words words) {
     const V d = Compact(words(3));
     return {{As<uint8_t>(StreamPart<0>(a, b, Lanes{})), As<uint8_t>(StreamPart<1>(b, c, Lanes{})),
              As<uint8_t>(StreamPart<2>(c, d, Lanes{}))}};
+  } else if constexpr (VectorBytes == 8) {
+    const V a = Compact(words(0));
+    const V b = Compact(words(1));
+    return {{As<uint8_t>(__builtin_shufflevector(a, b, 0, 1)),
+             As<uint8_t>(__builtin_shufflevector(a, b, 2, 4)),
+             As<uint8_t>(__builtin_shufflevector(a, b, 5, 6))}};
   } else {
-    uint8_t bytes[2 * sizeof(V)];
-    StoreVector(bytes, Compact(words(0)));
-    if constexpr (VectorBytes == 8) StoreVector(bytes + 12, Compact(words(1)));
-    return G::Load(bytes);
+    using Word = Vector<uint32_t, 4>;
+    const V a = Compact(words(0));
+    return {{As<uint8_t>(Word{a[0]}), As<uint8_t>(Word{a[1]}), As<uint8_t>(Word{a[2]})}};
   }
 }
 
