@@ -1,5 +1,7 @@
 #include "pixel/mode.h"
 
+#include <bit>
+
 namespace brisal {
 namespace {
 
@@ -14,20 +16,15 @@ Rule AtAlpha(uint32_t alpha) {
 }  // namespace
 
 Rule RuleOfMode(int32_t mode) {
-  switch (mode) {
-    case DRAW_NORMAL:
-    case DRAW_SOLID: return Rule::kSolid;
-    case DRAW_ALPHA: return Rule::kAlpha;
-    case DRAW_HALF: return Rule::kHalf;
-    case DRAW_ADD: return Rule::kAdd;
-    case DRAW_SUB: return Rule::kSub;
-    case DRAW_AND: return Rule::kAnd;
-    case DRAW_OR: return Rule::kOr;
-    case DRAW_XOR: return Rule::kXor;
-    case DRAW_MULT: return Rule::kMult;
-    case DRAW_REVSUB: return Rule::kRevSub;
-    default: return Rule::kNone;
-  }
+  // By far the commonest, and what short runs would wait for.
+  if (mode == DRAW_SOLID) return Rule::kSolid;
+  // In the order of the modes' bits.
+  static constexpr Rule kRules[] = {
+      Rule::kSolid, Rule::kSolid, Rule::kNone, Rule::kNone, Rule::kAlpha, Rule::kHalf,  Rule::kAdd,
+      Rule::kSub,   Rule::kAnd,   Rule::kOr,   Rule::kXor,  Rule::kMult,  Rule::kRevSub};
+  const uint32_t bits = static_cast<uint32_t>(mode);
+  if (bits == 0 || bits > DRAW_REVSUB || (bits & (bits - 1)) != 0) return Rule::kNone;
+  return kRules[std::countr_zero(bits)];
 }
 
 Rule PixelRule(int32_t mode, uint32_t inkAlpha) {

@@ -24,6 +24,23 @@ struct FlatSpans {
 };
 
 template <class F, class R>
+struct Trapezoids {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const Trapezoid &given, uint32_t packed, uint32_t alpha) {
+    Trapezoid t = given;
+    const R rule(alpha);
+    const Flat<F> source(packed);
+    for (; t.rows > 0; --t.rows, t.row += t.pitch, t.left += t.leftStep, t.right += t.rightStep) {
+      const int64_t left = t.left >> 16;
+      const int64_t n = (t.right >> 16) - left;
+      if (n <= 0) continue;
+      uint8_t *const first = t.row + left * F::kBytes;
+      CombineRun<F, VectorBytes>(first, first, n, rule, source);
+    }
+  }
+};
+
+template <class F, class R>
 struct Block {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(uint8_t *first, ptrdiff_t pitch, ptrdiff_t width, ptrdiff_t rows,
@@ -45,6 +62,8 @@ void OnePixel(uint8_t *p, uint32_t packed, uint32_t alpha) {
 using SpanTable =
     KernelTable<FoldPacked, const FlatSpan *, ptrdiff_t, uint8_t *, ptrdiff_t, uint32_t, uint32_t>;
 constexpr auto kSpanKernels = SpanTable::Of<FlatSpans>(Rules{});
+using TrapezoidTable = KernelTable<FoldPacked, const Trapezoid &, uint32_t, uint32_t>;
+constexpr auto kTrapezoidKernels = TrapezoidTable::Of<Trapezoids>(Rules{});
 using BlockTable =
     KernelTable<FoldPacked, uint8_t *, ptrdiff_t, ptrdiff_t, ptrdiff_t, uint32_t, uint32_t>;
 constexpr auto kBlockKernels = BlockTable::Of<Block>(Rules{});
@@ -61,16 +80,25 @@ constexpr auto PixelTable(RuleList<R...>) {
 
 constexpr auto kPixelKernels = PixelTable(Rules{});
 
+template <class Table>
+BRISAL_INLINE auto Find(const Table &table, bool wide, Rule rule, int32_t format) {
+  using Function = std::decay_t<decltype(table[0][0].columns[0])>;
+  if (rule == Rule::kNone || !IsFormat(format)) return Function{nullptr};
+  return table[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)].columns[wide];
+}
+
 }  // namespace
 
 SpanKernel FindSpanKernel(bool wide, Rule rule, int32_t format) {
-  if (rule == Rule::kNone || !IsFormat(format)) return nullptr;
-  return kSpanKernels[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)].columns[wide];
+  return Find(kSpanKernels, wide, rule, format);
+}
+
+TrapezoidKernel FindTrapezoidKernel(bool wide, Rule rule, int32_t format) {
+  return Find(kTrapezoidKernels, wide, rule, format);
 }
 
 BlockKernel FindBlockKernel(bool wide, Rule rule, int32_t format) {
-  if (rule == Rule::kNone || !IsFormat(format)) return nullptr;
-  return kBlockKernels[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)].columns[wide];
+  return Find(kBlockKernels, wide, rule, format);
 }
 
 PixelKernel FindPixelKernel(Rule rule, int32_t format) {

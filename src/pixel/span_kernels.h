@@ -9,10 +9,23 @@
 
 namespace brisal {
 
+// Rows between two straight edges, whose places in 16.16 step from row to row. `row` is column 0 of the
+// first.
+struct Trapezoid {
+  uint8_t *row;
+  ptrdiff_t pitch;
+  int64_t rows;
+  int64_t left;
+  int64_t right;
+  int64_t leftStep;
+  int64_t rightStep;
+};
+
 // Combine one packed colour with pixels of a format: with a run on each of consecutive rows, of which
-// `row` is column 0 of the first; or with a block whose first pixel is `first`.
+// `row` is column 0 of the first; with a trapezoid; or with a block whose first pixel is `first`.
 using SpanKernel = void (*)(const FlatSpan *spans, ptrdiff_t count, uint8_t *row, ptrdiff_t pitch,
                             uint32_t packed, uint32_t alpha);
+using TrapezoidKernel = void (*)(const Trapezoid &trapezoid, uint32_t packed, uint32_t alpha);
 using BlockKernel = void (*)(uint8_t *first, ptrdiff_t pitch, ptrdiff_t width, ptrdiff_t rows,
                              uint32_t packed, uint32_t alpha);
 using ShadedKernel = void (*)(const ShadedSpan *spans, int64_t count, Buffer target);
@@ -20,6 +33,7 @@ using PixelKernel = void (*)(uint8_t *pixel, uint32_t packed, uint32_t alpha);
 
 // Each is null where there is nothing to draw: for Rule::kNone and for codes that are no format.
 SpanKernel FindSpanKernel(bool wide, Rule rule, int32_t format);
+TrapezoidKernel FindTrapezoidKernel(bool wide, Rule rule, int32_t format);
 BlockKernel FindBlockKernel(bool wide, Rule rule, int32_t format);
 PixelKernel FindPixelKernel(Rule rule, int32_t format);
 // Also null for rules that are not shaded.

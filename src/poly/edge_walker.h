@@ -50,6 +50,7 @@ class Chain {
     values.Advance(rows);
   }
 
+  int64_t Step() const { return step_; }
   // One past the last row of the edge.
   int64_t End() const { return end_; }
   int Vertex() const { return vertex_; }
@@ -105,9 +106,10 @@ struct EndAtVertex {
   }
 };
 
-// Calls row(y, left chain, right chain) for each row of the polygon in the view, downwards.
-template <class Values, class SegmentRule = EndAtVertex, class Row>
-void WalkEdges(const Polygon &polygon, const Viewport &view, Row row) {
+// Calls segment(y, rows, left chain, right chain) for each part of the polygon in the view between two
+// edges, downwards. It advances both chains by `rows`.
+template <class Values, class SegmentRule = EndAtVertex, class Segment>
+void WalkSegments(const Polygon &polygon, const Viewport &view, Segment segment) {
   const VertexList &list = polygon.list;
   const int count = polygon.count;
   int64_t y = polygon.bounds.minY;
@@ -118,7 +120,7 @@ void WalkEdges(const Polygon &polygon, const Viewport &view, Row row) {
   Chain<Values> left(list, count, start, direction);
   Chain<Values> right(list, count, end, -direction);
 
-  for (int segment = 1; segment < count && y < view.bottom; ++segment) {
+  for (int edges = 1; edges < count && y < view.bottom; ++edges) {
     if (!left.Enter(y) || !right.Enter(y)) return;
     const int64_t stop = std::min<int64_t>(SegmentRule::End(left, right), view.bottom);
     const int64_t above = std::min(stop, int64_t{view.top}) - y;
@@ -127,13 +129,23 @@ void WalkEdges(const Polygon &polygon, const Viewport &view, Row row) {
       right.Advance(above);
       y += above;
     }
-    for (; y < stop; ++y) {
-      row(y, left, right);
-      left.Advance(1);
-      right.Advance(1);
-    }
+    if (y < stop) segment(y, stop - y, left, right);
+    y = std::max(y, stop);
     if (left.Vertex() == right.Vertex()) return;
   }
+}
+
+// Calls row(y, left chain, right chain) for each row of the polygon in the view, downwards.
+template <class Values, class SegmentRule = EndAtVertex, class Row>
+void WalkEdges(const Polygon &polygon, const Viewport &view, Row row) {
+  WalkSegments<Values, SegmentRule>(
+      polygon, view, [&](int64_t y, int64_t rows, Chain<Values> &left, Chain<Values> &right) {
+        for (const int64_t stop = y + rows; y < stop; ++y) {
+          row(y, left, right);
+          left.Advance(1);
+          right.Advance(1);
+        }
+      });
 }
 
 }  // namespace brisal

@@ -28,6 +28,14 @@ void DrawSpanList(const Canvas &canvas, int64_t top, const FlatSpan *spans, int6
   }
 }
 
+TrapezoidPen::TrapezoidPen(const Canvas &canvas, uint32_t packed, int32_t mode)
+    : target_(canvas.target),
+      packed_(packed),
+      inkAlpha_(canvas.inkAlpha),
+      kernel_(FindTrapezoidKernel(canvas.wide,
+                                  SpanRule(mode, canvas.target.format, canvas.inkAlpha, packed),
+                                  canvas.target.format)) {}
+
 void DrawRectangle(const Canvas &canvas, const PixelBox &box, uint32_t packed, int32_t mode) {
   DrawBlock(canvas, box, SpanRule(mode, canvas.target.format, canvas.inkAlpha, packed), packed);
 }
