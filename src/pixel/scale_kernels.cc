@@ -44,10 +44,10 @@ BRISAL_INLINE auto InHalves(V weight) {
 template <class H>
 struct WeighedBytes {
   template <class V>
-  BRISAL_INLINE void Add(V colours, V weight) {
+  BRISAL_INLINE void Add(V colours, H weight) {
     const H halves = As<uint16_t>(colours);
-    even += (halves & 0xFF) * InHalves(weight);
-    odd += (halves >> 8) * InHalves(weight);
+    even += (halves & 0xFF) * weight;
+    odd += (halves >> 8) * weight;
   }
 
   BRISAL_INLINE auto Colours() const { return As<uint32_t>((even >> 8) | (odd & 0xFF00)); }
@@ -106,8 +106,8 @@ struct FilterRow {
   BRISAL_INLINE static void FilterPairs(TexelPath path, int n, uint32_t *colours) {
     using V = Vector<uint32_t, VectorBytes>;
     Fractions<V> fractions(path.u, path.du);
-    uint32_t own[kPiece];
-    uint32_t right[kPiece];
+    uint32_t own[kScaledPiece];
+    uint32_t right[kScaledPiece];
     LoadStored<F, VectorBytes>(path, n, own);
     path.u += kOneTexel;
     LoadStored<F, VectorBytes>(path, n, right);
@@ -146,27 +146,44 @@ struct BlendRows {
 
 struct WeighNeighbours {
   template <int VectorBytes>
-  BRISAL_INLINE static void Run(const Neighbours &around, uint32_t u, uint32_t du, uint32_t v,
-                                int n, uint32_t *colours) {
+  BRISAL_INLINE static void Run(const Neighbours &given, uint32_t u, uint32_t du, uint32_t v, int n,
+                                uint8_t *colours) {
+    const Neighbours around = given;
     using V = Vector<uint32_t, VectorBytes>;
-    using H = Vector<uint16_t, VectorBytes>;
-    const uint32_t below = v >> 8 & 255;
-    const H above = Splat<H>(static_cast<uint16_t>(256 - below));
+    constexpr int kLanes = VectorBytes / 4;
+    const uint16_t below = v >> 8 & 255;
     Fractions<V> fractions(u, du);
-    for (int i = 0; i < n; i += VectorBytes / 4, fractions.Advance()) {
-      // The four products add up to 65536; each loses its low byte for itself.
-      const V fraction = fractions.Get();
-      const V topRight = As<uint32_t>(As<uint16_t>(fraction) * above);
-      const V topLeft = 256 * (256 - below) - topRight;
-      const V bottomRight = fraction * 256 - topRight;
-      const V bottomLeft = 65536 - topLeft - topRight - bottomRight;
-      WeighedBytes<H> sum;
-      sum.Add(LoadVector<V>(Bytes(around.topLeft + i)), topLeft >> 8);
-      sum.Add(LoadVector<V>(Bytes(around.topRight + i)), topRight >> 8);
-      sum.Add(LoadVector<V>(Bytes(around.bottomRight + i)), bottomRight >> 8);
-      sum.Add(LoadVector<V>(Bytes(around.bottomLeft + i)), bottomLeft >> 8);
-      StoreVector(Bytes(colours + i), sum.Colours());
+    int i = 0;
+    for (; i + kLanes <= n; i += kLanes, fractions.Advance()) {
+      StoreVector(colours + ptrdiff_t{i} * 4, ColoursAt<V>(around, i, fractions.Get(), below));
     }
+    if (i == n) return;
+    const V last = ColoursAt<V>(around, i, fractions.Get(), below);
+    std::memcpy(colours + ptrdiff_t{i} * 4, &last, static_cast<size_t>(n - i) * 4);
+  }
+
+  template <class V>
+  BRISAL_INLINE static V ColoursAt(const Neighbours &around, int i, V fraction, uint16_t below) {
+    const auto right = InHalves(fraction);
+    if (below != 0) return Weigh<V>(around, i, right, below);
+    return BlendBytes(LoadVector<V>(Bytes(around.topLeft + i)),
+                      LoadVector<V>(Bytes(around.topRight + i)), right);
+  }
+
+  // The four products add up to 65536; each loses its low byte for itself.
+  template <class V, class H>
+  BRISAL_INLINE static V Weigh(const Neighbours &around, int i, H right, uint16_t below) {
+    const uint16_t above = 256 - below;
+    const H topRight = right * above;
+    const H topLeft = static_cast<uint16_t>(above << 8) - topRight;
+    const H bottomRight = (right << 8) - topRight;
+    const H bottomLeft = static_cast<uint16_t>(below << 8) - bottomRight;
+    WeighedBytes<H> sum;
+    sum.Add(LoadVector<V>(Bytes(around.topLeft + i)), topLeft >> 8);
+    sum.Add(LoadVector<V>(Bytes(around.topRight + i)), topRight >> 8);
+    sum.Add(LoadVector<V>(Bytes(around.bottomRight + i)), bottomRight >> 8);
+    sum.Add(LoadVector<V>(Bytes(around.bottomLeft + i)), bottomLeft >> 8);
+    return sum.Colours();
   }
 };
 
@@ -193,7 +210,7 @@ RowBlendKernel FindRowBlendKernel(bool wide) {
 
 WeighKernel FindWeighKernel(bool wide) {
   return Kernels<const Neighbours &, uint32_t, uint32_t, uint32_t, int,
-                 uint32_t *>::Of<WeighNeighbours>()
+                 uint8_t *>::Of<WeighNeighbours>()
       .columns[wide];
 }
 

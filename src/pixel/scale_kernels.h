@@ -5,9 +5,13 @@
 #include "pixel/texel_kernels.h"
 
 // Rows of scaled pictures, made of the colours of the source rows above and below them. Colours come in
-// pieces: arrays of kPiece, of which n count.
+// pieces: arrays of kScaledPiece, of which n count.
 
 namespace brisal {
+
+// So long that most rows are one piece: shorter ones, drawn from top to bottom, leave their page with
+// every row.
+constexpr int kScaledPiece = 1024;
 
 // Reads n pixels of a row, filtered between each column and the one to its right; the last column is
 // repeated. The path runs to the right.
@@ -27,9 +31,10 @@ struct Neighbours {
   const uint32_t *bottomRight;
 };
 
-// Weighs four neighbours by the distances of the place between them, u + i * du and v in 16.16.
+// Weighs four neighbours by the distances of the place between them, u + i * du and v in 16.16, and
+// stores exactly n colours.
 using WeighKernel = void (*)(const Neighbours &around, uint32_t u, uint32_t du, uint32_t v, int n,
-                             uint32_t *colours);
+                             uint8_t *colours);
 WeighKernel FindWeighKernel(bool wide);
 
 }  // namespace brisal

@@ -156,7 +156,9 @@ BRISAL_INLINE void LoadStored(const TexelPath &path, int n, uint32_t *stored) {
     return;
   }
   if constexpr (F::kBytes == 4) {
-    if (CopiesStretched<VectorBytes>(path, n, reinterpret_cast<uint8_t *>(stored))) return;
+    uint8_t *const to = reinterpret_cast<uint8_t *>(stored);
+    if (CopiesDoubled<F, VectorBytes>(path, n, to)) return;
+    if (CopiesStretched<VectorBytes>(path, n, to)) return;
   }
   ForEachTexel<F, VectorBytes>(
       path, n, [stored](int i, const uint8_t *texel) __attribute__((always_inline)) {

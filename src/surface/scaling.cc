@@ -26,10 +26,10 @@ constexpr int32_t kLargestSource = 32768;
 int32_t Whole(int64_t coordinate) { return static_cast<int32_t>(coordinate >> 16); }
 
 // Calls draw(x, n) for pieces of a row.
-template <class DrawPiece>
+template <int Piece, class DrawPiece>
 void ForEachPiece(const Viewport &part, DrawPiece draw) {
-  for (int64_t x = part.left; x < part.right; x += kRowPiece) {
-    draw(x, static_cast<int>(std::min<int64_t>(part.right - x, kRowPiece)));
+  for (int64_t x = part.left; x < part.right; x += Piece) {
+    draw(x, static_cast<int>(std::min<int64_t>(part.right - x, Piece)));
   }
 }
 
@@ -56,13 +56,13 @@ class RowPair {
 };
 
 struct FilteredRow {
-  uint32_t colours[kRowPiece];
+  uint32_t colours[kScaledPiece];
 };
 
 // The columns of the pixels, and the ones to the right of them.
 struct ColumnPairs {
-  uint32_t own[kRowPiece];
-  uint32_t right[kRowPiece];
+  uint32_t own[kScaledPiece];
+  uint32_t right[kScaledPiece];
 };
 
 // Reads what the source's viewport shows of it.
@@ -109,9 +109,11 @@ class ViewSampler {
     const int64_t u = x * xStep_;
     int inside = view_.ContainsRow(row) ? n : 0;
     while (inside > 0 && !Shows(x, inside, 1)) --inside;
-    if (inside > 0) {
-      Fetch(u, row * 65536, inside, columns.own);
-      Fetch(u + 65536, row * 65536, inside, columns.right);
+    for (int i = 0; i < inside; i += kPiece) {
+      const int piece = std::min(inside - i, kPiece);
+      const int64_t first = u + i * xStep_;
+      Fetch(first, row * 65536, piece, columns.own + i);
+      Fetch(first + 65536, row * 65536, piece, columns.right + i);
     }
     const int32_t y = static_cast<int32_t>(row);
     for (int i = inside; i < n; ++i) {
@@ -167,7 +169,7 @@ void ScaleNearest(bool wide, ViewSampler &sampler, const Surface &destination) {
       const ptrdiff_t first = ByteOffset(part.left, bytesPerPixel);
       std::memmove(buffer.Row(y) + first, buffer.Row(y - 1) + first, bytes);
     } else if (!sampler.CopyNearest(buffer, part, y)) {
-      ForEachPiece(part, [&](int64_t x, int n) {
+      ForEachPiece<kRowPiece>(part, [&](int64_t x, int n) {
         uint32_t colours[kRowPiece];
         sampler.Nearest(x, y, n, colours);
         WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
@@ -180,20 +182,23 @@ void ScaleWeighed(bool wide, ViewSampler &sampler, const Surface &source, int64_
                   int64_t yStep, const Surface &destination) {
   const Viewport part = ShownPart(destination);
   const WeighKernel weigh = FindWeighKernel(wide);
-  ForEachPiece(part, [&](int64_t x, int n) {
+  const Buffer buffer = BufferOf(destination);
+  const bool inPlace = BytesPerPixel(buffer.format) == 4;  // pixels are colours
+  ForEachPiece<kScaledPiece>(part, [&](int64_t x, int n) {
     const auto fill = [&](int64_t row, ColumnPairs &columns) {
       sampler.Columns(x, n, row, columns);
     };
     RowPair<ColumnPairs> rows;
-    uint32_t colours[kRowPiece];
+    uint32_t colours[kScaledPiece];
     for (int32_t y = part.top; y < part.bottom; ++y) {
       const int64_t row = y * yStep >> 16;
       const int64_t next = std::min<int64_t>(row, int64_t{source.viewBottom} - 2) + 1;
       const ColumnPairs &top = rows.Get(row, next, fill);
       const ColumnPairs &bottom = rows.Get(next, row, fill);
       weigh({top.own, top.right, bottom.own, bottom.right}, static_cast<uint32_t>(x * xStep),
-            static_cast<uint32_t>(xStep), static_cast<uint32_t>(y * yStep), n, colours);
-      WriteRow(wide, BufferOf(destination), static_cast<int32_t>(x), y, n, colours);
+            static_cast<uint32_t>(xStep), static_cast<uint32_t>(y * yStep), n,
+            inPlace ? buffer.Row(y) + ByteOffset(x, 4) : reinterpret_cast<uint8_t *>(colours));
+      if (!inPlace) WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
     }
   });
 }
@@ -211,14 +216,14 @@ void ScaleFiltered(bool wide, const Surface &source, int64_t xStep, int64_t ySte
   path.pitch = source.pitch;
   path.width = source.width;
   path.du = static_cast<uint32_t>(xStep);
-  ForEachPiece(part, [&](int64_t x, int n) {
+  ForEachPiece<kScaledPiece>(part, [&](int64_t x, int n) {
     path.u = static_cast<uint32_t>(x * xStep);
     const auto fill = [&](int64_t row, FilteredRow &filtered) {
       path.v = static_cast<uint32_t>(row << 16);
       filter(path, n, filtered.colours);
     };
     RowPair<FilteredRow> rows;
-    uint32_t colours[kRowPiece];
+    uint32_t colours[kScaledPiece];
     for (int32_t y = part.top; y < part.bottom; ++y) {
       const int64_t v = y * yStep;
       const int64_t row = v >> 16;
