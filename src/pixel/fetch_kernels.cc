@@ -1,6 +1,8 @@
 #include <array>
 #include <type_traits>
+#include <utility>
 
+#include "pixel/blend_bytes.h"
 #include "pixel/column.h"
 #include "pixel/format.h"
 #include "pixel/texel_kernels.h"
@@ -10,68 +12,131 @@ namespace brisal {
 namespace {
 
 // Texels are loaded one by one into small buffers; what is done with them then is a loop of its own,
-// of which the compiler makes vectors.
-using Words = uint32_t[kPiece];
+// over vectors.
 
-// The texels and their neighbours, as they are stored: to the right, below, and diagonal. The
-// texture's last column and row are repeated.
-struct Neighbourhood {
-  Words own;
-  Words right;
-  Words below;
-  Words diagonal;
+// A texel and the one to its right, as they are stored. Where they lie in words, one load reads both.
+template <class F>
+struct Pair {
+  static constexpr int kBits = F::kBytes == 2 ? 16 : 32;
+  using Word = std::conditional_t<F::kBytes == 2, uint32_t, uint64_t>;
+
+  static Word Load(const uint8_t *texel) {
+    if constexpr (F::kBytes == 3) {
+      return Of(F::Load(texel), F::Load(texel + F::kBytes));
+    } else {
+      Word both;
+      std::memcpy(&both, texel, sizeof both);
+      return both;
+    }
+  }
+
+  static Word Of(uint32_t own, uint32_t right) { return own | Word{right} << kBits; }
+  static uint32_t Own(Word both) { return static_cast<uint32_t>(both & ~(~Word{0} << kBits)); }
+
+  // As many own texels as V has words, and those to their right.
+  template <class V>
+  BRISAL_INLINE static void Part(const Word *pairs, V &own, V &right) {
+    const auto *const bytes = reinterpret_cast<const uint8_t *>(pairs);
+    const V low = LoadVector<V>(bytes);
+    if constexpr (F::kBytes == 2) {
+      own = low & 0xFFFFu;
+      right = low >> 16;
+    } else {
+      using Lanes = std::make_index_sequence<sizeof(V) / 4>;
+      const V high = LoadVector<V>(bytes + sizeof(V));
+      own = EveryOther<0>(low, high, Lanes{});
+      right = EveryOther<1>(low, high, Lanes{});
+    }
+  }
+
+  template <int First, class V, size_t... I>
+  BRISAL_INLINE static V EveryOther(V low, V high, std::index_sequence<I...>) {
+    return __builtin_shufflevector(low, high, (2 * I + First)...);
+  }
 };
 
+// The pairs of the texels and of those below them. The texture's last column and row are repeated.
 template <class F>
-BRISAL_INLINE void LoadNeighbourhood(const TexelPath &path, int n, Neighbourhood &around) {
-  uint32_t u = path.u;
-  uint32_t v = path.v;
-  for (int i = 0; i < n; ++i, u += path.du, v += path.dv) {
-    const int32_t column = Whole(u);
-    const int32_t row = Whole(v);
-    const uint8_t *texel = TexelAt<F>(path, column, row);
+struct Neighbourhood {
+  typename Pair<F>::Word top[kPiece];
+  typename Pair<F>::Word bottom[kPiece];
+};
+
+// The path from its i-th texel on.
+BRISAL_INLINE TexelPath From(const TexelPath &path, int i) {
+  TexelPath rest = path;
+  rest.u += path.du * static_cast<uint32_t>(i);
+  rest.v += path.dv * static_cast<uint32_t>(i);
+  return rest;
+}
+
+// Whether the path's i-th texel has neighbours to the right and below.
+BRISAL_INLINE bool HasNeighbours(const TexelPath &path, int i) {
+  const TexelPath rest = From(path, i);
+  return Whole(rest.u) + 1 < path.width && Whole(rest.v) + 1 < path.height;
+}
+
+// Only at its ends does a straight path lie at the edge of the texture.
+template <class F, int VectorBytes>
+BRISAL_INLINE void LoadNeighbourhood(const TexelPath &path, int n, Neighbourhood<F> &around) {
+  const auto loadAtEdge = [&](int i) {
+    const TexelPath place = From(path, i);
+    const int32_t column = Whole(place.u);
+    const int32_t row = Whole(place.v);
     const ptrdiff_t across = column + 1 < path.width ? F::kBytes : 0;
-    const ptrdiff_t down = row + 1 < path.height ? path.pitch : 0;
-    around.own[i] = F::Load(texel);
-    around.right[i] = F::Load(texel + across);
-    around.below[i] = F::Load(texel + down);
-    around.diagonal[i] = F::Load(texel + across + down);
-  }
+    const uint8_t *const texel = TexelAt<F>(path, column, row);
+    const uint8_t *const below = texel + (row + 1 < path.height ? path.pitch : 0);
+    around.top[i] = Pair<F>::Of(F::Load(texel), F::Load(texel + across));
+    around.bottom[i] = Pair<F>::Of(F::Load(below), F::Load(below + across));
+  };
+  int begin = 0;
+  while (begin < n && !HasNeighbours(path, begin)) loadAtEdge(begin++);
+  int end = n;
+  while (end > begin && !HasNeighbours(path, end - 1)) loadAtEdge(--end);
+  const auto top = around.top + begin;
+  const auto bottom = around.bottom + begin;
+  const ptrdiff_t pitch = path.pitch;
+  ForEachTexel<F, VectorBytes>(
+      From(path, begin),
+      end - begin, [=](int i, const uint8_t *texel) __attribute__((always_inline)) {
+        top[i] = Pair<F>::Load(texel);
+        bottom[i] = Pair<F>::Load(texel + pitch);
+      });
 }
 
-// a + ((b - a) * f >> 8) on the four bytes of a texel.
-BRISAL_INLINE uint32_t Lerp(uint32_t a, uint32_t b, uint32_t f) {
-  const uint32_t even = (a & 0xFF00FF) * (256 - f) + (b & 0xFF00FF) * f;
-  const uint32_t odd = (a >> 8 & 0xFF00FF) * (256 - f) + (b >> 8 & 0xFF00FF) * f;
-  return (even >> 8 & 0xFF00FF) | (odd & 0xFF00FF00);
+// Neighbours as texels; transparent ones count as black.
+template <class F, bool Compressed, class V>
+BRISAL_INLINE V Neighbour(V stored, uint32_t key) {
+  const V texels = F::Widen(stored);
+  if constexpr (!Compressed) return texels;
+  return texels & As<uint32_t>(texels != key);
 }
 
-// A neighbour as a texel; transparent ones count as black.
-template <class F, bool Compressed>
-BRISAL_INLINE uint32_t Neighbour(uint32_t stored, uint32_t key) {
-  const uint32_t texel = F::Widen(stored);
-  return Compressed && texel == key ? 0 : texel;
-}
-
-template <class F, bool Compressed>
-BRISAL_INLINE void Filter(const TexelPath &path, int n, const Neighbourhood &around,
+// Whole vectors: what lies behind the n texels has no meaning.
+template <class F, bool Compressed, int VectorBytes>
+BRISAL_INLINE void Filter(const TexelPath &path, int n, const Neighbourhood<F> &around,
                           uint32_t *texels) {
+  using V = Vector<uint32_t, VectorBytes>;
   const uint32_t key = path.texelKey;
-  for (int i = 0; i < n; ++i) {
-    const uint32_t fu = (path.u + path.du * static_cast<uint32_t>(i)) >> 8 & 255;
-    const uint32_t fv = (path.v + path.dv * static_cast<uint32_t>(i)) >> 8 & 255;
-    const uint32_t right = Neighbour<F, Compressed>(around.right[i], key);
-    const uint32_t below = Neighbour<F, Compressed>(around.below[i], key);
-    const uint32_t diagonal = Neighbour<F, Compressed>(around.diagonal[i], key);
-    const uint32_t top = Lerp(F::Widen(around.own[i]), right, fu);
-    texels[i] = Lerp(top, Lerp(below, diagonal, fu), fv);
+  Fractions<V> across(path.u, path.du);
+  Fractions<V> down(path.v, path.dv);
+  for (int i = 0; i < n; i += VectorBytes / 4, across.Advance(), down.Advance()) {
+    V own, right, below, diagonal;
+    Pair<F>::Part(around.top + i, own, right);
+    Pair<F>::Part(around.bottom + i, below, diagonal);
+    const auto fu = InHalves(across.Get());
+    const V top = BlendBytes(F::Widen(own), Neighbour<F, Compressed>(right, key), fu);
+    const V bottom = BlendBytes(Neighbour<F, Compressed>(below, key),
+                                Neighbour<F, Compressed>(diagonal, key), fu);
+    StoreVector(Bytes(texels + i), BlendBytes(top, bottom, InHalves(down.Get())));
   }
 }
 
-// The runs of the texels that are not the key.
-BRISAL_INLINE void FindRuns(int n, const Words &stored, uint32_t key, TexelRuns *runs) {
+// The runs of the texels that are not the key; storedAt(i) is the i-th as it is stored.
+template <class StoredAt>
+BRISAL_INLINE void FindRuns(int n, StoredAt storedAt, uint32_t key, TexelRuns *runs) {
   uint32_t keys = 0;
-  for (int i = 0; i < n; ++i) keys |= stored[i] == key ? 1 : 0;
+  for (int i = 0; i < n; ++i) keys |= storedAt(i) == key ? 1 : 0;
   if (keys == 0) {
     runs->run[0] = {0, n};
     runs->count = 1;
@@ -79,9 +144,9 @@ BRISAL_INLINE void FindRuns(int n, const Words &stored, uint32_t key, TexelRuns 
   }
   int count = 0;
   for (int i = 0; i < n;) {
-    while (i < n && stored[i] == key) ++i;
+    while (i < n && storedAt(i) == key) ++i;
     const int start = i;
-    while (i < n && stored[i] != key) ++i;
+    while (i < n && storedAt(i) != key) ++i;
     if (i > start) runs->run[count++] = {start, i - start};
   }
   runs->count = count;
@@ -92,24 +157,27 @@ struct Fetch {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const TexelPath *given, int n, uint32_t *texels, TexelRuns *runs) {
     const TexelPath path = *given;
-    Neighbourhood around;
     if constexpr (Filtered) {
-      LoadNeighbourhood<F>(path, n, around);
+      Neighbourhood<F> around;
+      LoadNeighbourhood<F, VectorBytes>(path, n, around);
+      Find(
+          n, [&](int i) { return Pair<F>::Own(around.top[i]); }, path.storedKey, runs);
+      if (runs->count > 0) Filter<F, Compressed, VectorBytes>(path, n, around, texels);
     } else {
-      LoadStored<F, VectorBytes>(path, n, around.own);
-    }
-    if constexpr (Compressed) {
-      FindRuns(n, around.own, path.storedKey, runs);
+      uint32_t stored[kPiece];
+      LoadStored<F, VectorBytes>(path, n, stored);
+      Find(
+          n, [&](int i) { return stored[i]; }, path.storedKey, runs);
       if (runs->count == 0) return;
-    } else {
-      runs->run[0] = {0, n};
-      runs->count = 1;
+      for (int i = 0; i < n; ++i) texels[i] = F::Widen(stored[i]);
     }
-    if constexpr (Filtered) {
-      Filter<F, Compressed>(path, n, around, texels);
-    } else {
-      for (int i = 0; i < n; ++i) texels[i] = F::Widen(around.own[i]);
-    }
+  }
+
+  template <class StoredAt>
+  BRISAL_INLINE static void Find(int n, StoredAt storedAt, uint32_t key, TexelRuns *runs) {
+    if constexpr (Compressed) return FindRuns(n, storedAt, key, runs);
+    runs->run[0] = {0, n};
+    runs->count = 1;
   }
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -50,7 +51,12 @@ class Flat {
       constexpr int kWords = VectorBytes / 4;
       constexpr auto kLanes = std::make_index_sequence<kWords>{};
       const uint32_t p = (packed_ >> 16 & 0xFF) | (packed_ & 0xFF00) | (packed_ & 0xFF) << 16;
-      const Vector<uint32_t, 16> three = {p | p << 24, p >> 8 | p << 16, p >> 16 | p << 8, 0};
+      const uint32_t words[] = {p | p << 24, p >> 8 | p << 16, p >> 16 | p << 8};
+      if constexpr (VectorBytes == 4) {
+        return {
+            {{std::bit_cast<V>(words[0]), std::bit_cast<V>(words[1]), std::bit_cast<V>(words[2])}}};
+      }
+      const Vector<uint32_t, 16> three = {words[0], words[1], words[2], 0};
       return {{{RepeatedWords<V, 0>(three, kLanes), RepeatedWords<V, kWords % 3>(three, kLanes),
                 RepeatedWords<V, 2 * kWords % 3>(three, kLanes)}}};
     } else {

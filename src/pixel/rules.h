@@ -108,7 +108,9 @@ struct Half : Reading<F> {
     if constexpr (kIs16<F>) {
       return ((d >> 1) & F::kHalves) + ((s >> 1) & F::kHalves);
     } else if constexpr (F::kBytes == 3) {
-      return (d & s) + ((d ^ s) >> 1);
+      // In words, since not every width of vectors shifts bytes.
+      const auto different = As<uint32_t>(d ^ s);
+      return As<uint8_t>(As<uint32_t>(d & s) + ((different >> 1) & 0x7F7F7F7Fu));
     } else {
       constexpr uint32_t kHalves = kChannels32<F> & 0x7F7F7F7F;
       return As<uint8_t>(((As<uint32_t>(d) >> 1) & kHalves) + ((As<uint32_t>(s) >> 1) & kHalves));
