@@ -165,15 +165,32 @@ def growth_page(data):
                 f'<div class="plots">{"".join(map(plot, data["series"]))}</div>')
 
 
+def lead_text(rows, time_of):
+    leads = [row.peers[0]["ns"] / time_of(row)["ns"] for row in rows if row.peers]
+    return f"{mean(leads):.2f}" if leads else ""
+
+
+def worst_text(rows):
+    shared = [row for row in rows if row.peers]
+    if not shared:
+        return ""
+    worst = min(shared, key=lambda row: row.lead)
+    return f"{worst.lead:.2f} {worst.peers[0]['name']}"
+
+
 def table(data):
-    lines = [f"{data['processor']}, GCC {data['compiler']}.", "",
-             "| row | wide | ± | plain | × limit | best peer | lead |",
-             "|---|---:|---:|---:|---:|---|---:|"]
+    """A line for each shape and size: means over the formats and draw modes."""
+    groups = {}
     for row in map(Row, data["rows"]):
-        limit = f"{row.to_limit:.2f}" if row.to_limit else ""
-        peer, lead = (row.peers[0]["name"], f"{row.lead:.2f}") if row.peers else ("", "")
-        lines.append(f"| {row.name} | {time_text(row.wide['ns'])} | {row.wide['spread']:.0%} | "
-                     f"{time_text(row.plain['ns'])} | {limit} | {peer} | {lead} |")
+        groups.setdefault(re.match(r".* \d+x\d+", row.name)[0], []).append(row)
+    lines = [f"{data['processor']}, GCC {data['compiler']}.", "",
+             "| shape | rows | × limit | lead | lead at worst | lead of the plain column |",
+             "|---|---:|---:|---:|---|---:|"]
+    for name, rows in groups.items():
+        limits = [row.to_limit for row in rows if row.limit]
+        lines.append(f"| {name} | {len(rows)} | {f'{mean(limits):.2f}' if limits else ''} | "
+                     f"{lead_text(rows, lambda row: row.wide)} | {worst_text(rows)} | "
+                     f"{lead_text(rows, lambda row: row.plain)} |")
     return "\n".join(lines)
 
 
