@@ -19,6 +19,7 @@ PROTOTYPE = re.compile(
 CONSTANT = re.compile(
     r"^#define[ \t]+(\w+)[ \t]+\(?(-?(?:0[xX][0-9a-fA-F]+|\d+))[uUlL]*\)?[ \t]*(?:/\*(.*?)\*/)?[ \t]*$",
     re.MULTILINE)
+SECTION = re.compile(r"^/\* -{4} (.+?) -+", re.MULTILINE)
 VERSION = re.compile(r"^BRSL_VERSION_(MAJOR|MINOR|PATCH)$")
 SHORTEST_CONTRACT = 20
 
@@ -54,9 +55,16 @@ def read_arguments(text):
     return [read_argument(part) for part in text.split(",")]
 
 
+def section_at(header, position):
+    """The title of the last section that begins before position."""
+    titles = [match.group(1) for match in SECTION.finditer(header, 0, position)]
+    return titles[-1] if titles else ""
+
+
 def read_functions(header):
     functions = [{
         "name": match.group("name"),
+        "section": section_at(header, match.start()),
         "result": " ".join(match.group("result").split()),
         "arguments": read_arguments(match.group("arguments")),
         "comment": comment_before(header, match.start()),
