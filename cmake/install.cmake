@@ -1,4 +1,4 @@
-# What is installed, in three components: library to run programs, dev to build them, tools for people.
+# What is installed, in three components: library to run programs, dev to build them, tools.
 option(BRISAL_DEBIAN "Lay the installed files out as Debian packages have them" OFF)
 
 include(GNUInstallDirs)

@@ -1,16 +1,13 @@
 #!/usr/bin/env python3
-"""Turns the public header into what Doxygen reads, and holds Doxygen's output to the header.
+"""Turns the public header into what Doxygen reads.
 
 The contracts stay plain prose in the header; here their arguments, results and tables become
 Doxygen's commands, its sections become groups, and pictures are put in.
 """
 
 import argparse
-import collections
 import pathlib
 import re
-import sys
-import xml.etree.ElementTree as xml
 
 import interface
 
@@ -21,12 +18,6 @@ MARKER_DEFINITIONS = re.compile(r"#if defined\((?:_WIN32|BRISAL_BUILD)\).*?#endi
 CONVENTION_WIDTH = 14
 SENTENCE = re.compile(r"(?<=\.) (?=[A-Z])(?!It )")
 FIRST_SENTENCE = re.compile(r".*?[^.\s]\.(?=\s|$)", re.DOTALL)
-# Sections whose functions change pixels; elsewhere the contract says whether a function draws.
-DRAWING_SECTIONS = {
-    "Pixels and strips", "Boxes", "Circles and ellipses", "Lines", "Polygons", "Blits", "Strips",
-    "Rectangle filters", "Scaling and map blocks", "Textured polygons", "Sprites"}
-DRAWS = re.compile(r"(Draws|Plots|Fills the|Stores a colour at|Copies columns)\b")
-STORES = re.compile(r"Stores .* draws nothing", re.DOTALL)
 
 
 # ---- Prose ------------------------------------------------------------------------------------
@@ -110,7 +101,10 @@ def render(text, arguments=()):
     rendered = ""
     for kind, lines in blocks_of(text):
         if kind == "table":
-            rendered = rendered.rstrip("\n") + "\n" + table(lines)
+            rendered = rendered.rstrip("\n")
+            # In the list of arguments it would be squeezed.
+            in_arguments = rendered.rpartition("\n")[2].startswith("@param")
+            rendered += ("\n\n" if in_arguments else "\n") + table(lines)
         elif len(lines) == 1 and lines[0].isupper():
             rendered += f"@par {escape(lines[0].capitalize())}\n\n"
         else:
@@ -190,7 +184,19 @@ class Filter:
             self.add_comment(match)
             position = match.end()
         self.add_code(self.header[position:])
-        return "".join(self.out)
+        return self.link("".join(self.out))
+
+    def link(self, text):
+        """Makes references of the names of functions and constants in prose."""
+        names = set(self.functions) | {name for name, _, _ in interface.CONSTANT.findall(text)}
+        prose = re.compile(r"@verbatim.*?@endverbatim|@image.*?$|\b\w+\b", re.DOTALL | re.MULTILINE)
+
+        def reference(word):
+            name = word.group()
+            return f'@ref {name} "{name}"' if name in names else name
+
+        return re.sub(r"/\*\*.*?\*/", lambda part: prose.sub(reference, part.group()), text,
+                      flags=re.DOTALL)
 
     def add_code(self, code):
         if self.list_open and "\n\n" in code:
@@ -237,80 +243,20 @@ class Filter:
         if not self.group_open:
             self.out.append(open_group("Constants and types", "") + "\n")
             self.group_open = True
-        self.out.append(comment(f"@name {escape(name)}\n{escape(rest.strip().capitalize())}") + "\n/** @{ */")
+        about = rest.strip()
+        about = about[:1].upper() + about[1:]
+        self.out.append(comment(f"@name {escape(name)}\n{escape(about)}") + "\n/** @{ */")
         self.list_open = True
-
-
-# ---- Checks -----------------------------------------------------------------------------------
-
-def drawing_functions(functions):
-    names = []
-    for function in functions:
-        contract = function["comment"]
-        by_section = function["section"] in DRAWING_SECTIONS and function["result"] == "void"
-        varies = contract.split()[0] in names and function["result"] == "void"
-        if (by_section or varies or DRAWS.match(contract)) and not STORES.match(contract):
-            names.append(function["name"])
-    return names
-
-
-def words_of(text):
-    """Without those that became a heading or a list of arguments."""
-    words = re.findall(r"\w+", text.lower())
-    return collections.Counter(word for word in words if word not in ("returns", "to"))
-
-
-def documented_functions(folder):
-    """What Doxygen made of each function: all words of its description, and whether it has an image."""
-    found = {}
-    for file in folder.glob("group__*.xml"):
-        for member in xml.parse(file).iter("memberdef"):
-            if member.get("kind") == "function":
-                parts = [member.find("briefdescription"), member.find("detaileddescription")]
-                text = " ".join(" ".join(part.itertext()) for part in parts)
-                image = any(part.find(".//image") is not None for part in parts)
-                found[member.findtext("name")] = (words_of(text), image)
-    return found
-
-
-def check(functions, folder):
-    complaints = []
-    documented = documented_functions(folder)
-    drawing = drawing_functions(functions)
-    for function in functions:
-        name = function["name"]
-        if name not in documented:
-            complaints.append(f"{name}: not in the reference")
-            continue
-        words, image = documented[name]
-        missing = words_of(function["comment"]) - words
-        if missing:
-            complaints.append(f"{name}: words of its contract are lost: {' '.join(missing)}")
-        if name in drawing and not image:
-            complaints.append(f"{name}: draws, but has no picture")
-    complaints += [f"{name}: not in the header" for name in documented.keys() -
-                   {function["name"] for function in functions}]
-    return complaints, len(documented), len(drawing)
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     parser.add_argument("header", type=pathlib.Path)
-    parser.add_argument("--pictures", type=pathlib.Path, default=pathlib.Path("."), metavar="DIR",
+    parser.add_argument("--pictures", type=pathlib.Path, required=True, metavar="DIR",
                         help="pictures named after functions")
-    parser.add_argument("--check", type=pathlib.Path, metavar="DIR",
-                        help="compare with the XML that Doxygen made, instead of writing the header")
     arguments = parser.parse_args()
     header = arguments.header.read_text(encoding="utf-8")
-    if not arguments.check:
-        print(Filter(header, arguments.pictures).run(), end="")
-        return
-    complaints, count, drawing = check(interface.read_functions(header), arguments.check)
-    for complaint in complaints:
-        print(complaint, file=sys.stderr)
-    if complaints:
-        sys.exit(1)
-    print(f"{count} functions with their contracts, {drawing} of them with a picture")
+    print(Filter(header, arguments.pictures).run(), end="")
 
 
 if __name__ == "__main__":

@@ -12,17 +12,18 @@ draw_pictures() {
 
 # The programs of the pages, built and run by the pages' own commands against an installed tree.
 run_tutorial() {
-  local folder=$built/tutorial prefix=$built/installed names name
+  local folder=$built/tutorial prefix=$built/installed names name PKG_CONFIG_PATH LD_LIBRARY_PATH
   build release all -DBRISAL_TESTS=OFF -DBRISAL_TOOLS=ON
   step "Running the tutorial"
   cmake --install "$root/build/release" --prefix "$prefix" >/dev/null || fail "installing failed"
   names=$(cd "$root" && python3 scripts/tutorial.py "$folder" docs/tutorial/*.md) ||
     fail "the tutorial's programs cannot be taken out"
   cp "$root"/examples/{ppm.h,services.h,services.c} "$folder"
+  PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name brisal.pc)")
+  LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name libbrisal.so)")
   for name in $names; do
-    (cd "$folder" && PATH=$prefix/bin:$PATH PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name '*.pc')") \
-      LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name libbrisal.so)") sh -eu "$name.sh") ||
-      fail "the program of the page $name failed"
+    (cd "$folder" && PATH=$prefix/bin:$PATH && export PKG_CONFIG_PATH LD_LIBRARY_PATH PATH &&
+      sh -eu "$name.sh") || fail "the program of the page $name failed"
     pnmtopng -quiet "$folder/$name.ppm" >"$folder/$name.png" || fail "$name left no picture"
     echo "$name: runs"
   done
@@ -35,7 +36,7 @@ render_reference() {
     "$root/include/brisal/brisal.h" | xargs)
   (cd "$root" && BUILT=$built VERSION=$major.$minor.$patch PYTHONDONTWRITEBYTECODE=1 \
     doxygen docs/Doxyfile) || fail "doxygen has warnings"
-  python3 "$root/scripts/reference.py" "$root/include/brisal/brisal.h" --check "$built/xml" ||
+  python3 "$root/scripts/check_reference.py" "$root/include/brisal/brisal.h" "$built/xml" ||
     fail "the reference is not complete"
 }
 
