@@ -56,7 +56,7 @@ constexpr Picture kPictures[] = {
      [](BRSL_SurfaceDesc *) {
        for (int32_t y = 6; y < 84; y++) {
          const int32_t reach = int32_t(38 + 14 * std::sin(y * 0.16));
-         BRSL_DrawStrip(y, 60 - reach, 60 + reach, Packed(kInk[y / 13]), DRAW_SOLID);
+         BRSL_DrawStrip(y, 60 - reach, 60 + reach, Packed(kInk[y / 14]), DRAW_SOLID);
        }
      }},
     {"BRSL_Box",
