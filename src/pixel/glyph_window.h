@@ -17,12 +17,10 @@ using WindowBytes = Vector<uint8_t, kWindow>;
 
 // All bits of the lanes from `first` on.
 BRISAL_INLINE WindowBytes LanesFrom(ptrdiff_t first) {
-  static constexpr struct {
-    uint8_t off[kWindow] = {};
-    uint8_t on[kWindow] = {255, 255, 255, 255, 255, 255, 255, 255,
-                           255, 255, 255, 255, 255, 255, 255, 255};
-  } kSteps;
-  return LoadVector<WindowBytes>(kSteps.on - first);
+  static constexpr uint8_t kSteps[2 * kWindow] = {
+      0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,   0,
+      255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255};
+  return LoadVector<WindowBytes>(kSteps + kWindow - first);
 }
 
 struct Window {
