@@ -4,7 +4,7 @@
 build_packages=(g++ cmake ninja-build python3 libpng-dev libcli11-dev libfreetype-dev
   fonts-dejavu-core)
 test_packages=(libgtest-dev clang binutils libsdl2-dev xvfb xauth)
-check_packages=(clang-format clang-tidy)
+check_packages=(clang-format clang-tidy shellcheck)
 peer_packages=(libpixman-1-dev libsdl2-dev libyuv-dev liballegro4-dev libagg-dev libcairo2-dev)
 package_lists_fresh=no
 

@@ -1,9 +1,9 @@
-# formatting, clang-tidy, direction of includes, contracts in the header
+# formatting, clang-tidy, shellcheck, direction of includes, contracts in the header
 # shellcheck shell=bash
 
 sources() {
   local folders=() folder
-  for folder in include src host tools tests bench examples fuzz; do
+  for folder in include src host tools tests bench examples fuzz docs; do
     [[ -d $root/$folder ]] && folders+=("$root/$folder")
   done
   find "${folders[@]}" -type f '(' -name '*.cc' -o -name '*.c' -o -name '*.h' ')' -print0
@@ -34,6 +34,9 @@ check_command() {
   python3 "$root/scripts/check_includes.py" "$root" || failed+=(includes)
   step "Contracts"
   python3 "$root/scripts/interface.py" "$root/include/brisal/brisal.h" --check || failed+=(contracts)
+  step "Scripts"
+  shellcheck -x "$root/dev" "$root"/.ci/run "$root"/scripts/*.sh "$root"/scripts/commands/*.sh ||
+    failed+=(scripts)
   step "Leftovers"
   check_leftovers || failed+=(leftovers)
   step "clang-tidy"
