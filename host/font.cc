@@ -62,13 +62,6 @@ FontHeader ReadFontHeader(const fs::path &path) {
   return header;
 }
 
-Font MakeFont(int32_t count) {
-  InstallServices();
-  Font font(CRF_Alloc(count));
-  if (!font) throw Error("no memory for a font of " + std::to_string(count) + " characters");
-  return font;
-}
-
 Font LoadFont(const fs::path &path) {
   InstallServices();
   ReadFontHeader(path);
