@@ -4,19 +4,10 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <vector>
+
+#include "tools/font/characters.h"
 
 namespace brisal::tools {
-
-// A character as drawn from its outline. Pixels are intensities, row after row.
-struct DrawnCharacter {
-  int32_t left;  // columns from the pen to the first pixel
-  int32_t top;   // rows from the baseline up to the first pixel's upper edge
-  int32_t width;
-  int32_t height;
-  int32_t advance;
-  std::vector<uint8_t> pixels;
-};
 
 // A file of scalable outlines, such as a TrueType font, set to a size. Each function throws an Error
 // that names the file.

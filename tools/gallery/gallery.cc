@@ -6,11 +6,12 @@
 
 #include "host/file.h"
 #include "host/png.h"
+#include "tools/font/raster.h"
 #include "tools/gallery/fit.h"
 #include "tools/gallery/landscape.h"
 #include "tools/gallery/output_folder.h"
 #include "tools/gallery/page.h"
-#include "tools/gallery/scene.h"
+#include "tools/gallery/painter.h"
 #include "tools/interrupt.h"
 #include "tools/progress.h"
 
@@ -19,7 +20,6 @@ namespace brisal::tools {
 namespace {
 
 constexpr const char *kIndex = "index.html";
-constexpr int32_t kOpaqueInk = 255;
 
 host::Image Background(const GalleryOptions &options) {
   if (options.picture.empty()) return Landscape(options.width, options.height);
@@ -29,10 +29,7 @@ host::Image Background(const GalleryOptions &options) {
 class Gallery {
  public:
   Gallery(const GalleryOptions &options, OutputFolder &folder, const host::Image &background)
-      : options_(options),
-        folder_(folder),
-        background_(background),
-        small_(Fit(background, std::max(1, options.width / 2), std::max(1, options.height / 2))) {}
+      : options_(options), folder_(folder), painter_(background, DejaVuFont) {}
 
   Section Draw(const Scene &scene, Progress &progress) {
     Section section{&scene, {}, {}};
@@ -54,7 +51,7 @@ class Gallery {
  private:
   Shot DrawPlain(Section &section, const FormatInfo &format) {
     const std::string file = std::string(section.scene->name) + "-" + format.name + ".png";
-    return DrawShot(section, background_.To(format.code), 0, file, format.caption);
+    return DrawShot(section, nullptr, format, file);
   }
 
   Group DrawVariants(Section &section, const FormatInfo &format) {
@@ -62,29 +59,25 @@ class Gallery {
     for (const Variant &variant : section.scene->variants) {
       const std::string file =
           std::string(section.scene->name) + "-" + variant.name + "-" + format.name + ".png";
-      group.shots.push_back(
-          DrawShot(section, small_.To(format.code), variant.value, file, variant.caption));
+      group.shots.push_back(DrawShot(section, &variant, format, file));
     }
     return group;
   }
 
   // The section keeps the code of the last drawing: the others are the same or stop earlier.
-  Shot DrawShot(Section &section, host::Image image, int32_t value, const std::string &file,
-                const char *caption) {
+  Shot DrawShot(Section &section, const Variant *variant, const FormatInfo &format,
+                const std::string &file) {
     StopIfInterrupted();
-    image.Target();
-    BRSL_SetInkAlpha(kOpaqueInk);
-    Stage stage(image, value);
-    section.scene->draw(stage);
-    section.code = stage.Code();
-    host::WritePng(folder_.Place(file), image);
-    return {file, caption, image.Width(), image.Height()};
+    const Drawing drawing = painter_.Draw(*section.scene, variant, format.code);
+    section.code = drawing.code;
+    host::WritePng(folder_.Place(file), drawing.image);
+    return {file, variant ? variant->caption : format.caption, drawing.image.Width(),
+            drawing.image.Height()};
   }
 
   const GalleryOptions &options_;
   OutputFolder &folder_;
-  const host::Image &background_;
-  host::Image small_;
+  const Painter painter_;
 };
 
 void WriteText(const std::filesystem::path &path, const std::string &text) {

@@ -5,7 +5,9 @@
 #include <string>
 
 #include "brisal/brisal.h"
+#include "host/font.h"
 #include "host/image.h"
+#include "tools/font/raster_options.h"
 
 // Runs statements and keeps their source for the page. It stands at the top level of a scene, one
 // paragraph of code each: what is declared inside stays in scope, what needs no showing goes
@@ -23,16 +25,21 @@ struct Variant {
   int32_t value;
 };
 
+// Makes the fonts that scenes write with.
+using FontMaker = host::Font (*)(const RasterOptions &);
+
 // What a scene draws on: the library's target is a photograph, page.
 class Stage {
  public:
-  Stage(host::Image &page, int32_t value) : page_(page), value_(value) {}
+  Stage(host::Image &page, int32_t value, FontMaker makeFont)
+      : page_(page), value_(value), makeFont_(makeFont) {}
 
   host::Image &Page() { return page_; }
   int32_t Width() const { return page_.Width(); }
   int32_t Height() const { return page_.Height(); }
   int32_t Format() const { return page_.Format(); }
   int32_t Value() const { return value_; }  // of the variant; 0 where the scene has none
+  host::Font Font(const RasterOptions &options) const { return makeFont_(options); }
 
   void Show(const char *statements);
   const std::string &Code() const { return code_; }
@@ -40,6 +47,7 @@ class Stage {
  private:
   host::Image &page_;
   int32_t value_;
+  FontMaker makeFont_;
   std::string code_;
 };
 

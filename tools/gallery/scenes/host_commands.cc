@@ -1,4 +1,3 @@
-#include "tools/font/raster.h"
 #include "tools/gallery/pictures.h"
 #include "tools/gallery/scenes/scenes.h"
 #include "tools/gallery/surface.h"
@@ -16,7 +15,7 @@ void DrawHostCommands(Stage &stage) {
   const Surface coast(Coast(), stage.Format());
   const Surface balloon(Balloon(size, 0), BRSL_FORMAT_A32), other(Balloon(size, 2), BRSL_FORMAT_A32);
   const Surface butterfly(Butterfly(size / 2, 0.8f), BRSL_FORMAT_A32);
-  const host::Font dejaVu = DejaVuFont({.size = std::clamp(s / 20, 4, 100)});
+  const host::Font dejaVu = stage.Font({.size = std::clamp(s / 20, 4, 100)});
   const CRF_Font *const font = dejaVu.get();
   const BRSL_SurfaceDesc *const images[] = {balloon, other, butterfly};
 

@@ -1,4 +1,3 @@
-#include "tools/font/raster.h"
 #include "tools/gallery/scenes/scenes.h"
 
 #include <algorithm>
@@ -22,8 +21,8 @@ void DrawFontModes(Stage &stage) {
   const int32_t s = std::min(w, h);
   const int32_t depth = stage.Value() & 16 ? 32 : 8;
   const bool solid = stage.Value() & 8;
-  const host::Font large = DejaVuFont({.size = Pixels(s * 0.24), .depth = depth, .solid = solid});
-  const host::Font small = DejaVuFont({.size = Pixels(s * 0.06), .depth = depth, .solid = solid});
+  const host::Font large = stage.Font({.size = Pixels(s * 0.24), .depth = depth, .solid = solid});
+  const host::Font small = stage.Font({.size = Pixels(s * 0.06), .depth = depth, .solid = solid});
 
   SHOW(
     BRSL_ShadeBox(0, h * 2 / 3, w, h, 0x102040, 0x802040, 0x204010, 0x101010, DRAW_SOLID);
@@ -45,9 +44,9 @@ void DrawFontModes(Stage &stage) {
 void DrawText(Stage &stage) {
   const int32_t w = stage.Width(), h = stage.Height();
   const int32_t s = std::min(w, h);
-  const host::Font title = DejaVuFont({.size = Pixels(s * 0.2)});
-  const host::Font body = DejaVuFont({.size = Pixels(s * 0.05)});
-  const host::Font hero = DejaVuFont({.size = Pixels(s * 0.62)});
+  const host::Font title = stage.Font({.size = Pixels(s * 0.2)});
+  const host::Font body = stage.Font({.size = Pixels(s * 0.05)});
+  const host::Font hero = stage.Font({.size = Pixels(s * 0.62)});
 
   // A title with a shadow under it, as wide as it measures.
   SHOW(
