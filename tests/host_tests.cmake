@@ -13,7 +13,8 @@ foreach(test tool_test animate_test font_tool_test)
   target_link_libraries(${test} PRIVATE brisal_host brisal GTest::gtest_main)
   target_compile_definitions(${test} PRIVATE
     BRISAL_TOOL="$<TARGET_FILE:brisal_tool>"
-    BRISAL_HEADER="${PROJECT_SOURCE_DIR}/include/brisal/brisal.h")
+    BRISAL_HEADER="${PROJECT_SOURCE_DIR}/include/brisal/brisal.h"
+    BRISAL_GALLERY_HASH="${gallery_hash}")
   add_dependencies(${test} brisal_tool)
   brisal_warnings(${test})
   gtest_discover_tests(${test} PROPERTIES TIMEOUT 60)

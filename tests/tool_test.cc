@@ -61,6 +61,7 @@ TEST(Tool, SaysWhatIsWrongAndLeavesNothing) {
       {"gallery --size -5x5", "is not WIDTHxHEIGHT"},
       {"gallery --size 640x480x3", "is not WIDTHxHEIGHT"},
       {"gallery --size big", "'big' is not WIDTHxHEIGHT"},
+      {"gallery --hash --out a", "--hash"},
       {"gallery --format 888", "'888' is not one of 565, 555, rgb, x32, a32, all"},
       {"gallery --no-such-option", "--no-such-option"},
       {"paint", "not expected: paint"},
@@ -137,6 +138,14 @@ TEST(Tool, DrawsAPageOfEveryFunction) {
   for (const std::string &name : drawing) {
     EXPECT_NE(page.find("<b>" + name + "</b>("), std::string::npos) << name;
   }
+}
+
+TEST(Tool, HashesTheGallery) {
+  const TemporaryFolder folder;
+  const Outcome outcome = RunTool(folder, "gallery --hash");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.text, ReadText(BRISAL_GALLERY_HASH));
+  EXPECT_TRUE(folder.Empty());
 }
 
 TEST(Tool, KeepsWhatIsInTheFolder) {

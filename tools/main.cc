@@ -10,6 +10,7 @@
 #include "tools/arguments.h"
 #include "tools/font/command.h"
 #include "tools/gallery/gallery.h"
+#include "tools/gallery/hash.h"
 #include "tools/info.h"
 #include "tools/interrupt.h"
 
@@ -24,6 +25,7 @@ struct GalleryArguments {
   std::string format = "all";
   std::string out = "out/gallery";
   std::string size = "640x480";
+  bool hash = false;
 };
 
 GalleryOptions ToOptions(const GalleryArguments &arguments) {
@@ -59,7 +61,17 @@ void AddGallery(CLI::App &app, GalleryArguments &arguments) {
   gallery->add_option("--size", arguments.size, "Size of the pictures")
       ->type_name("WxH")
       ->capture_default_str();
+  gallery
+      ->add_flag(
+          "--hash", arguments.hash,
+          "Draw nothing to look at: print one number for all pictures, in all formats and on "
+          "both sides of the MMX switch, that is the same on every machine")
+      ->excludes("--picture", "--format", "--out", "--size");
   gallery->callback([&arguments] {
+    if (arguments.hash) {
+      std::puts(GalleryHash().c_str());
+      return;
+    }
     const GalleryOptions options = ToOptions(arguments);
     CatchInterrupts();
     RunGallery(options);

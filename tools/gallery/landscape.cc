@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tools/gallery/noise.h"
+#include "tools/gallery/rounded.h"
 
 // Places are fractions of the picture: u grows to the right, v downwards, both 0 to 1.
 
@@ -39,7 +40,10 @@ class Scenery {
   }
 
  private:
-  float SunDistance(float u, float v) const { return std::hypot((u - kSunU) * aspect_, v - kSunV); }
+  float SunDistance(float u, float v) const {
+    const float across = (u - kSunU) * aspect_, down = v - kSunV;
+    return std::sqrt(across * across + down * down);
+  }
 
   Light Sky(float u, float v) const {
     const Light zenith = {0.16f, 0.30f, 0.52f}, middle = {0.55f, 0.62f, 0.72f};
@@ -48,7 +52,7 @@ class Scenery {
     sky = Mix(sky, kHaze, Step(0.35f, 0.95f, t));
     const float d = SunDistance(u, v);
     sky = Clouds(sky, u, v, d);
-    sky = sky + kSunlight * (0.55f * std::exp(-d * 5.5f) + 0.25f * std::exp(-d * 18.0f));
+    sky = sky + kSunlight * (0.55f * Exp(-d * 5.5f) + 0.25f * Exp(-d * 18.0f));
     return Mix({1.0f, 1.0f, 0.94f}, sky, Step(0.036f, 0.042f, d));
   }
 
@@ -57,7 +61,7 @@ class Scenery {
     const float x = (u - 0.5f) * aspect_ * spread * 1.1f, y = spread * 2.6f;
     const float density = Fractal(x, y, 11, 5);
     const float cover = Step(0.47f, 0.72f, density);
-    const float lit = std::clamp(0.35f + 1.1f * std::exp(-sunDistance * 2.2f), 0.0f, 1.0f);
+    const float lit = std::clamp(0.35f + 1.1f * Exp(-sunDistance * 2.2f), 0.0f, 1.0f);
     const Light cloud = Mix({0.60f, 0.55f, 0.62f}, {1.0f, 0.83f, 0.68f}, lit);
     return Mix(sky, cloud, cover * 0.75f);
   }
@@ -77,14 +81,14 @@ class Scenery {
     static constexpr Light kSlopes[] = {
         {0.42f, 0.45f, 0.58f}, {0.30f, 0.38f, 0.44f}, {0.19f, 0.30f, 0.27f}, {0.11f, 0.20f, 0.14f}};
     Light light = Sky(u, v);
-    const float sun = std::exp(-std::fabs(u - kSunU) * 3.0f);
+    const float sun = Exp(-std::fabs(u - kSunU) * 3.0f);
     for (int32_t hill = 0; hill < 4; hill++) {
       const float below = v - Ridge(hill, u);
       if (below < 0) continue;
       const float far = static_cast<float>(3 - hill) / 3;
       const float wood = Fractal(u * aspect_ * 40, v * 70, 77 + static_cast<uint32_t>(hill), 3);
       Light slope = kSlopes[hill] * (0.8f + 0.45f * wood * (1.1f - 0.7f * far));
-      slope = slope + kSunlight * (0.16f * sun * std::exp(-below * 45));
+      slope = slope + kSunlight * (0.16f * sun * Exp(-below * 45));
       light = Mix(slope, kHaze, (0.06f + 0.34f * far) * Step(0.0f, 0.13f, below));
     }
     return light;
@@ -98,9 +102,9 @@ class Scenery {
     Light light = Land(u + wave * 0.02f, std::clamp(mirrored, 0.0f, kShore));
     light = Mix(light * 0.82f, {0.09f, 0.20f, 0.29f}, 0.18f + 0.38f * depth);
     const float column = std::fabs(u - kSunU) * aspect_ / (0.035f + 0.12f * depth);
-    const float glitter = Step(0.05f, 0.22f, wave) * std::exp(-column * column);
-    const float shoreline = std::exp(-depth * 60) * 0.18f;
-    return light + kSunlight * (0.75f * glitter + shoreline + 0.10f * std::exp(-column));
+    const float glitter = Step(0.05f, 0.22f, wave) * Exp(-column * column);
+    const float shoreline = Exp(-depth * 60) * 0.18f;
+    return light + kSunlight * (0.75f * glitter + shoreline + 0.10f * Exp(-column));
   }
 
   // Grass in the near corner.
@@ -112,7 +116,7 @@ class Scenery {
     if (below < 0) return light;
     const float tuft = Fractal(u * aspect_ * 60, v * 24, 55, 3);
     const Light grass = Mix({0.05f, 0.09f, 0.05f}, {0.27f, 0.27f, 0.10f}, tuft * tuft * 1.3f);
-    return Mix(grass + kSunlight * (0.10f * std::exp(-below * 60)), grass, Step(0, 0.05f, below));
+    return Mix(grass + kSunlight * (0.10f * Exp(-below * 60)), grass, Step(0, 0.05f, below));
   }
 
   Light Pines(Light light, float u, float v) const {

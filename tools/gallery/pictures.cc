@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tools/gallery/noise.h"
+#include "tools/gallery/rounded.h"
 
 namespace brisal::tools {
 
@@ -90,10 +91,10 @@ Paint BalloonAt(float u, float v, int32_t livery) {
   const float cone = 0.708f - (v - 0.62f) * 3.05f;
   const float half = down < 0.22f ? ball : cone;
   if (half <= 0 || std::fabs(x) > half) return kClear;
-  const float turn = std::asin(x / half) / kPi + 0.5f;
+  const float turn = Asin(x / half) / kPi + 0.5f;
   const auto gore = static_cast<int32_t>(turn * 10);
   const bool band = v > 0.36f && v < 0.46f;
-  const float light = 0.55f + 0.55f * std::sin(turn * kPi + 0.5f) * (1.15f - v * 0.55f);
+  const float light = 0.55f + 0.55f * Sin(turn * kPi + 0.5f) * (1.15f - v * 0.55f);
   return Lit(FromRgb(band ? colours[2] : colours[gore % 2]), light);
 }
 
@@ -103,10 +104,10 @@ Paint BubbleAt(float u, float v) {
   const float edge = std::clamp((0.98f - r) * 14, 0.0f, 1.0f);
   if (edge <= 0) return {1, 1, 1, 0};
   const float film = kPi * 2 * (r * 1.2f + 0.25f * y - 0.15f * x);
-  const Paint hue{0.65f + 0.35f * std::sin(film), 0.65f + 0.35f * std::sin(film + 2.1f),
-                  0.75f + 0.25f * std::sin(film + 4.2f)};
-  const float gleam = std::exp(-18 * ((x + 0.42f) * (x + 0.42f) + (y + 0.48f) * (y + 0.48f)));
-  const float echo = 0.5f * std::exp(-30 * ((x - 0.45f) * (x - 0.45f) + (y - 0.5f) * (y - 0.5f)));
+  const Paint hue{0.65f + 0.35f * Sin(film), 0.65f + 0.35f * Sin(film + 2.1f),
+                  0.75f + 0.25f * Sin(film + 4.2f)};
+  const float gleam = Exp(-18 * ((x + 0.42f) * (x + 0.42f) + (y + 0.48f) * (y + 0.48f)));
+  const float echo = 0.5f * Exp(-30 * ((x - 0.45f) * (x - 0.45f) + (y - 0.5f) * (y - 0.5f)));
   Paint paint = Between(hue, {1, 1, 1}, std::min(1.0f, gleam + echo));
   paint.a = edge * std::min(1.0f, 0.10f + 0.72f * r * r * r * r + 0.95f * gleam + 0.6f * echo);
   return paint;
@@ -115,9 +116,8 @@ Paint BubbleAt(float u, float v) {
 // Distance from the edge of a wing, negative outside: an oval with its tip turned by angle.
 float Wing(float x, float y, float cx, float cy, float angle, float length, float width) {
   const float dx = x - cx, dy = y - cy;
-  const float along = (dx * std::cos(angle) + dy * std::sin(angle)) / length;
-  const float across =
-      (dy * std::cos(angle) - dx * std::sin(angle)) / (width * (1 + 0.35f * along));
+  const float along = (dx * Cos(angle) + dy * Sin(angle)) / length;
+  const float across = (dy * Cos(angle) - dx * Sin(angle)) / (width * (1 + 0.35f * along));
   return 1 - std::sqrt(along * along + across * across);
 }
 
@@ -156,7 +156,7 @@ Paint PlanetAt(float u, float v) {
   const float cloud = Fractal(u * 9 + v * 3, v * 11, 130, 5);
   Paint ground =
       height < 0.46f
-          ? Between(FromRgb(0x082858), FromRgb(0x2880A8), std::pow(height / 0.46f, 4.0f))
+          ? Between(FromRgb(0x082858), FromRgb(0x2880A8), Pow(height / 0.46f, 4.0f))
           : Between(FromRgb(0x507838), FromRgb(0xB89860), std::min(1.0f, (height - 0.46f) * 7));
   if (pole > 0.82f) ground = FromRgb(0xE8F0F8);
   return Between(ground, {1, 1, 1}, std::clamp((cloud - 0.57f) * 5, 0.0f, 0.8f));
@@ -199,8 +199,7 @@ Paint CrateAt(float u, float v) {
 
 Paint MarbleAt(float u, float v) {
   const bool white = (static_cast<int32_t>(u * 4) + static_cast<int32_t>(v * 4)) % 2 == 0;
-  const float vein =
-      std::fabs(std::sin(9 * Ring(u, v, 3, white ? 51 : 57) + 5 * Ring(u, v, 8, 53)));
+  const float vein = std::fabs(Sin(9 * Ring(u, v, 3, white ? 51 : 57) + 5 * Ring(u, v, 8, 53)));
   const Paint stone = white ? FromRgb(0xF0E8DC) : FromRgb(0x38404C);
   return Lit(stone, 0.72f + 0.3f * std::sqrt(vein));
 }
@@ -209,7 +208,7 @@ Paint SpectrumAt(float u, float v) {
   if (v > 0.8f) return {u, u, u};
   const float turn = u * kPi * 2, light = 1 - v / 0.8f;
   const auto channel = [&](float shift) {
-    const float pure = std::clamp(0.5f + std::cos(turn - shift), 0.0f, 1.0f);
+    const float pure = std::clamp(0.5f + Cos(turn - shift), 0.0f, 1.0f);
     return light < 0.5f ? pure * light * 2 : Mix(pure, 1, light * 2 - 1);
   };
   return {channel(0), channel(kPi * 2 / 3), channel(kPi * 4 / 3)};
@@ -231,7 +230,7 @@ Paint OnGround(float x, float y, float r, const Paint &colour, float bumps) {
 
 Paint HouseAt(float x, float y) {
   if (std::fabs(x) < 0.62f && y > -0.6f && y < 0.42f) {
-    const float tiles = 0.85f + 0.15f * std::cos(y * 40) + 0.06f * std::cos(x * 30);
+    const float tiles = 0.85f + 0.15f * Cos(y * 40) + 0.06f * Cos(x * 30);
     return Lit(FromRgb(y < -0.09f ? 0xB04838 : 0x8C3430), tiles);
   }
   if (std::fabs(x) < 0.56f && y >= 0.42f && y < 0.72f) {
@@ -247,9 +246,8 @@ Paint TileAt(int32_t tile, float u, float v) {
   switch (tile) {
     case 0: return Lit(FromRgb(0x6C9C48), 0.75f + 0.5f * grain);
     case 1:
-      return Lit(
-          FromRgb(0x2C6CA8),
-          0.85f + 0.3f * std::sin(kPi * 2 * (2 * v + 0.35f * std::sin(kPi * 2 * u))) * grain);
+      return Lit(FromRgb(0x2C6CA8),
+                 0.85f + 0.3f * Sin(kPi * 2 * (2 * v + 0.35f * Sin(kPi * 2 * u))) * grain);
     case 2: return Lit(FromRgb(0xD8C088), 0.85f + 0.3f * grain);
     case 3: return OnGround(x, y, 0.66f, FromRgb(0x3C7838), 0.5f);
     case 4: {
@@ -275,7 +273,7 @@ Image Butterfly(int32_t size, float spread) {
 Image ButterflySheet(int32_t size) {
   return Render(size * 4, size * 2, [](float u, float v) {
     const float column = std::floor(u * 4), row = std::floor(v * 2);
-    const float spread = 0.5f + 0.5f * std::cos(kPi * (row * 4 + column) / 8);
+    const float spread = 0.5f + 0.5f * Cos(kPi * (row * 4 + column) / 8);
     return ButterflyAt(u * 4 - column, v * 2 - row, spread);
   });
 }

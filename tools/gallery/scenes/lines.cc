@@ -23,8 +23,8 @@ void DrawLines(Stage &stage) {
       const double to = 2 * from;
       const uint32_t colour = RGBForBuffer(i % 2 ? 0x502008 : 0x082858, 0);
       BRSL_WriteDrawModeLine(
-        w / 2 + int32_t(s * 0.45 * std::cos(from)), h / 2 + int32_t(s * 0.45 * std::sin(from)),
-        w / 2 + int32_t(s * 0.45 * std::cos(to)), h / 2 + int32_t(s * 0.45 * std::sin(to)),
+        w / 2 + int32_t(s * 0.451 * std::cos(from)), h / 2 + int32_t(s * 0.451 * std::sin(from)),
+        w / 2 + int32_t(s * 0.451 * std::cos(to)), h / 2 + int32_t(s * 0.451 * std::sin(to)),
         colour, DRAW_ADD);
     }
   )
