@@ -3,7 +3,8 @@
 
 The header is the only place where the interface is written down. From its prototypes come the list
 of exports, the linker's version script, the Windows module definition and a description for makers
-of bindings. With --check the contracts themselves are held to account.
+of bindings, which has the records and callbacks too. With --check the contracts themselves are held
+to account.
 """
 
 import argparse
@@ -20,6 +21,12 @@ CONSTANT = re.compile(
     r"^#define[ \t]+(\w+)[ \t]+\(?(-?(?:0[xX][0-9a-fA-F]+|\d+))[uUlL]*\)?[ \t]*(?:/\*(.*?)\*/)?[ \t]*$",
     re.MULTILINE)
 SECTION = re.compile(r"^/\* -{4} (.+?) -+", re.MULTILINE)
+RECORD = re.compile(r"^typedef struct (\w+) (?:\1;|\{(.*?)^\} \1;)", re.MULTILINE | re.DOTALL)
+CALLBACK = re.compile(r"^typedef (\w+)\(BRSL_CALL \*(\w+)\)\(([^)]*)\);", re.MULTILINE)
+NESTED = re.compile(r"(struct|union)\s*\{(.*?)\}\s*(\w+)\s*;", re.DOTALL)
+FIELD = re.compile(r"(?P<type>[\w\s*]+?)(?P<name>\w+)(?:\[(?P<count>\w+)\])?;")
+SERVICE = re.compile(r"(?P<result>\w+)\(BRSL_CALL \*(?P<name>\w+)\)\((?P<arguments>[^)]*)\);")
+GAP = re.compile(r"(?:\s|/\*.*?\*/)*", re.DOTALL)
 VERSION = re.compile(r"^BRSL_VERSION_(MAJOR|MINOR|PATCH)$")
 SHORTEST_CONTRACT = 20
 
@@ -79,6 +86,60 @@ def read_functions(header):
     return functions
 
 
+def read_callback(result, arguments):
+    return {"result": result, "arguments": read_arguments(arguments)}
+
+
+def comment_beside(body, position):
+    """The comment behind a field on its line, or an empty string."""
+    match = re.match(r"[ \t]*/\*(.*?)\*/", body[position:], re.DOTALL)
+    return " ".join(comment_text(match.group(1)).split()) if match else ""
+
+
+def read_field(body, match, constants):
+    field = {"name": match.group("name")}
+    if match.re is SERVICE:
+        field["callback"] = read_callback(match.group("result"), match.group("arguments"))
+    else:
+        field["type"] = " ".join(match.group("type").split())
+        count = match.group("count")
+        if count:
+            field["count"] = int(count) if count.isdigit() else constants[count]
+    field["comment"] = comment_beside(body, match.end())
+    if match.re is SERVICE and not field["comment"]:
+        field["comment"] = comment_before(body, match.start())
+    return field
+
+
+def read_fields(body, constants):
+    """The fields of a record in their order; of nested unions and records their fields in turn."""
+    fields, position = [], 0
+    while True:
+        position = GAP.match(body, position).end()
+        if position == len(body):
+            return fields
+        nested = NESTED.match(body, position)
+        match = nested or SERVICE.match(body, position) or FIELD.match(body, position)
+        if not match:
+            raise HeaderError(f"cannot read the field '{body[position:].splitlines()[0].strip()}'")
+        if nested:
+            kind, inner, name = nested.groups()
+            fields.append({"name": name, "kind": kind, "fields": read_fields(inner, constants)})
+        else:
+            fields.append(read_field(body, match, constants))
+        position = match.end()
+
+
+def read_records(header, constants):
+    """Records without fields are opaque: the library alone knows what is in them."""
+    values = {constant["name"]: constant["value"] for constant in constants}
+    return [{
+        "name": match.group(1),
+        "fields": read_fields(match.group(2) or "", values),
+        "comment": comment_before(header, match.start()),
+    } for match in RECORD.finditer(header)]
+
+
 def read_interface(header):
     constants, version = [], {}
     for name, value, comment in CONSTANT.findall(header):
@@ -92,6 +153,9 @@ def read_interface(header):
     return {
         "version": ".".join(version[part] for part in ("MAJOR", "MINOR", "PATCH")),
         "constants": constants,
+        "callbacks": [{"name": name, **read_callback(result, arguments)}
+                      for result, name, arguments in CALLBACK.findall(header)],
+        "records": read_records(header, constants),
         "functions": read_functions(header),
     }
 
