@@ -42,11 +42,14 @@ def comment_text(comment):
 
 
 def comment_before(header, position):
-    """The comment that ends directly before position, or an empty string."""
+    """The comment of its own that ends directly before position, or an empty string."""
     before = header[:position].rstrip()
     if not before.endswith("*/"):
         return ""
-    return comment_text(before[before.rindex("/*") + 2:-2])
+    start = before.rindex("/*")
+    if before[before.rfind("\n", 0, start) + 1:start].strip():
+        return ""
+    return comment_text(before[start + 2:-2])
 
 
 def read_argument(text):
