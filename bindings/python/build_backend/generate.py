@@ -126,8 +126,14 @@ def function_text(function):
     return text + textwrap.indent(call, "    ") + "\n" + memory
 
 
+def public_names(interface):
+    names = [entry["name"] for kind in ("constants", "callbacks", "records", "functions")
+             for entry in interface[kind]]
+    return wrapped("__all__ = [", [f'"{name}"' for name in names], "]", 4) + "\n"
+
+
 def module_text(interface):
-    parts = [MODULE_HEAD, f'__version__ = "{interface["version"]}"\n\n']
+    parts = [MODULE_HEAD, f'__version__ = "{interface["version"]}"\n', public_names(interface), "\n"]
     parts += [f"{constant['name']} = {constant['value']}\n" for constant in interface["constants"]]
     parts.append("\n")
     parts += [f"{callback['name']} = {callback_type(callback)}\n"
@@ -180,7 +186,7 @@ def stub_record(record, base="Structure"):
 
 
 def stub_text(interface):
-    parts = [STUB_HEAD, "\n__version__: str\n\n"]
+    parts = [STUB_HEAD, "\n__version__: str\n", public_names(interface), "\n"]
     parts += [f"{constant['name']}: int\n" for constant in interface["constants"]]
     parts += [f"{callback['name']}: Any\n" for callback in interface["callbacks"]]
     parts += map(stub_record, interface["records"])
