@@ -15,8 +15,8 @@ struct FlatSpans {
     const R rule(alpha);
     const Flat<F> source(packed);
     for (const FlatSpan *const end = spans + count; spans < end; ++spans, row += pitch) {
+      if (spans->left >= spans->right) continue;
       const ptrdiff_t n = Length(*spans);
-      if (n <= 0) continue;
       uint8_t *const first = row + ptrdiff_t{spans->left} * F::kBytes;
       CombineRun<F, VectorBytes>(first, first, n, rule, source);
     }
@@ -35,7 +35,7 @@ struct Trapezoids {
       const int64_t n = (t.right >> 16) - left;
       if (n <= 0) continue;
       uint8_t *const first = t.row + left * F::kBytes;
-      CombineRun<F, VectorBytes>(first, first, n, rule, source);
+      CombineRun<F, VectorBytes>(first, first, static_cast<ptrdiff_t>(n), rule, source);
     }
   }
 };

@@ -82,7 +82,7 @@ class TexturePainter {
         target.pitch,
         path_.address + (part.top - y) * path_.pitch + (part.left - x) * pixelBytes_,
         path_.pitch,
-        int64_t{part.right} - part.left,
+        ptrdiff_t{part.right} - part.left,
         int64_t{part.bottom} - part.top};
     FindBlitKernel(canvas_.wide, target.format, target.format, keyed_)(transfer, path_.storedKey);
   }

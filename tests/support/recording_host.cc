@@ -216,7 +216,7 @@ int64_t RecordingHost::Place(uintptr_t address) const {
   const uintptr_t handle = HandleOf(reinterpret_cast<void *>(address));
   if (handle == 0) return -1;
   const auto start = reinterpret_cast<uintptr_t>(blocks_[handle - 1].bytes.data());
-  return static_cast<int64_t>(handle << 32 | (address - start));
+  return static_cast<int64_t>(uint64_t{handle} << 32 | (address - start));
 }
 
 // Reads or writes; after an absolute position the current one is anywhere.
