@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -53,8 +52,9 @@ class Flat {
       const uint32_t p = (packed_ >> 16 & 0xFF) | (packed_ & 0xFF00) | (packed_ & 0xFF) << 16;
       const uint32_t words[] = {p | p << 24, p >> 8 | p << 16, p >> 16 | p << 8};
       if constexpr (VectorBytes == 4) {
-        return {
-            {{std::bit_cast<V>(words[0]), std::bit_cast<V>(words[1]), std::bit_cast<V>(words[2])}}};
+        using Word = Vector<uint32_t, 4>;
+        return {{{As<uint8_t>(Word{words[0]}), As<uint8_t>(Word{words[1]}),
+                  As<uint8_t>(Word{words[2]})}}};
       }
       const Vector<uint32_t, 16> three = {words[0], words[1], words[2], 0};
       return {{{RepeatedWords<V, 0>(three, kLanes), RepeatedWords<V, kWords % 3>(three, kLanes),
