@@ -46,15 +46,21 @@ void Draw(const std::vector<uint8_t> &block, int32_t depth) {
   Check(host.LiveBlocks() == 0, "blocks of the host are left");
 }
 
+bool Prepare() {
+  BRSL_Init_Lib();
+  GCF_Retrieve(&RecordingHost::Record());
+  reference::RetrieveServices(&RecordingHost::Record());
+  return true;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-  static const bool ready = BRSL_Init_Lib() != 0;
+  static const bool ready = Prepare();
   if (!ready || size < 4) return -1;
   const std::vector<uint8_t> image = ImageOf(data, size);
   const std::vector<uint8_t> block = Compressed(CRF_CompressChr, image);
-  Check(block == Compressed(reference::Compress, image),
-        "the reference compresses otherwise");
+  Check(block == Compressed(reference::Compress, image), "the reference compresses otherwise");
   if (!block.empty()) Draw(block, data[2] % 2 == 0 ? 8 : 32);
   return 0;
 }

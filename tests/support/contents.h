@@ -30,7 +30,9 @@ struct Contents {
     if constexpr (std::is_same_v<Record, BRSL_Transform>) return &transforms[i];
     if constexpr (std::is_same_v<Record, float>) return variables.data();
     if constexpr (std::is_same_v<Record, int32_t>) return programs[i].data();
-    if constexpr (std::is_void_v<Record>) return vertices[i].data() + vertices[i].size() / 2 + i;
+    if constexpr (std::is_void_v<Record>) {
+      return vertices[i].empty() ? nullptr : vertices[i].data() + vertices[i].size() / 2 + i;
+    }
     return nullptr;
   }
 
