@@ -39,6 +39,7 @@ TEST_P(RandomCalls, EqualTheReference) {
 // The committed checksums come from the definition, not from the library.
 TEST_P(RandomCalls, DigestOfTheReferenceIsTheCommittedOne) {
   if (BRISAL_SANITIZED) GTEST_SKIP() << "the same in every build";
+  if (!digest::IsComparable(family())) GTEST_SKIP() << "its bits are those of x86";
   EXPECT_EQ(digest::OfFamily(family(), DrawWithReference),
             digest::Expected(BRISAL_DIGEST_EXPECTED, family()));
 }

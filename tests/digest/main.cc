@@ -20,6 +20,10 @@ namespace {
 int Check() {
   int differing = 0;
   for (int f = 0; f < kFamilyCount; f++) {
+    if (!digest::IsComparable(static_cast<Family>(f))) {
+      std::printf("%-17s left out: its bits are those of x86\n", kFamilyNames[f]);
+      continue;
+    }
     for (int32_t state : SwitchStates()) {
       BRSL_SetMMXState(state);
       const auto family = static_cast<Family>(f);
