@@ -21,6 +21,8 @@ test_command() {
   preset=$(preset_option all "$@")
   need "${build_packages[@]}" "${test_packages[@]}"
   if [[ $preset != all ]]; then
+    [[ $preset != m32 ]] || need g++-12-multilib googletest
+    [[ $preset != arm64 ]] || need g++-aarch64-linux-gnu qemu-user googletest
     build "$preset" all -DBRISAL_TESTS=ON
     ctest_of "$preset"
     step "All tests passed ($preset)"
