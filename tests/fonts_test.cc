@@ -12,6 +12,7 @@
 #include "support/random.h"
 #include "support/recording_host.h"
 #include "support/sanitizers.h"
+#include "support/shown_font.h"
 
 namespace {
 
@@ -20,18 +21,7 @@ using Bytes = std::vector<uint8_t>;
 const char *const kFirst = kFileNames[0];
 const char *const kSecond = kFileNames[1];
 
-// The host of one test. It has a megabyte at most for whoever asks.
-class Host : public RecordingHost {
- public:
-  Host() {
-    Activate();
-    BRSL_HostRecord record = Record();
-    record.memory.call.AllocMemory = [](int32_t size) -> uintptr_t {
-      return size <= 1 << 20 ? Record().memory.call.AllocMemory(size) : 0;
-    };
-    GCF_Retrieve(&record);
-  }
-};
+using Host = FrugalHost;
 
 // Asked for before main, when no host has given its services.
 const bool nothingWithoutAHost = CRF_Alloc(4) == nullptr && CRF_Load(kFileNames[0]) == nullptr &&
@@ -87,19 +77,7 @@ bool Survives(const Bytes &stream) {
   host.files[kFirst] = stream;
   CRF_Font *font = CRF_Read(host.Open(kFirst));
   const bool loaded = font != nullptr;
-  Bytes target(20 * 12 * 4);
-  BRSL_SetBuffer(target.data(), 20 * 4, BRSL_FORMAT_A32);
-  BRSL_SetBufferViewPort(0, 0, 20, 12);
-  const std::string text = {0, 1, 2, 3, 4, 5};
-  for (const int32_t depth : {8, 32}) {
-    CRF_SetChrDepth(font, depth);
-    CRF_SetMaxChrSize(font, 1 << 20, 1 << 20);
-    for (const int32_t x : {-70000, -9, 1, 15}) {
-      for (const int32_t y : {-70000, -3, 2}) CRF_Draw(font, text.data(), 6, x, y, 0x80FF8040);
-    }
-    CRF_TextWidth(font, text.data(), 6);
-    CRF_TextHeight(font, text.data(), 6, 1);
-  }
+  ShowFont(font);
   CRF_Free(font);
   EXPECT_EQ(host.LiveBlocks(), 0);
   EXPECT_EQ(host.mistakes, 0);
