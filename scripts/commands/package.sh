@@ -58,7 +58,7 @@ check_dependencies() {
   [[ $depends =~ ^libc6\ \([^,]*\)$ ]] ||
     fail "$library_package depends on more than libc6: $depends"
   for package in libbrisal-dev brisal-tools; do
-    dpkg-deb -f "$out/$package"_*.deb Depends | grep -qF "$library_package (= $version)" ||
+    [[ $(dpkg-deb -f "$out/$package"_*.deb Depends) == *"$library_package (= $version)"* ]] ||
       fail "$package does not depend on $library_package of its version"
   done
 }
@@ -75,7 +75,8 @@ check_archive() {
   local folder=$root/build/package
   rm -rf "$folder" && mkdir -p "$folder/elsewhere"
   tar -xzf "$out"/brisal-*.tar.gz -C "$folder/elsewhere" --strip-components=1
-  ldd "$folder/elsewhere/bin/brisal" | grep -qF "$folder/elsewhere/bin/../lib/libbrisal" ||
+  # Read to its end: ldd would fail where grep stops listening.
+  [[ $(ldd "$folder/elsewhere/bin/brisal") == *"$folder/elsewhere/bin/../lib/libbrisal"* ]] ||
     fail "the archive's tool does not find the library beside it"
   try_tool "$folder/elsewhere/bin/brisal" "$folder"
   echo "the archive's tool runs from any folder"
