@@ -21,7 +21,7 @@ wasm_site() {
   cp -r "$root"/web/page/. "$root"/build/wasm/module/brisal.{js,wasm} \
     "$root/build/wasm/module/interface/brisal.json" "$site"
   "$root/build/release/tools/brisal" font make /usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf \
-    --size 40 -o "$site/sans.crf" >/dev/null || fail "there is no font for the page"
+    --size 40 -o "$site/serif.crf" >/dev/null || fail "there is no font for the page"
 }
 
 wasm_test() {

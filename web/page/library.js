@@ -34,7 +34,7 @@ export async function openLibrary() {
   const [module, description, font] = await Promise.all([
     createModule(),
     fetched("./brisal.json").then((response) => response.json()),
-    fetched("./sans.crf").then((response) => response.arrayBuffer()),
+    fetched("./serif.crf").then((response) => response.arrayBuffer()),
   ]);
   return new Library(module, description, new Uint8Array(font));
 }

@@ -102,8 +102,7 @@ test("each function draws, over every format that it has", async () => {
     }
     return silentOnes;
   });
-  // Targets of format A32 take sources of their own format only, effects have formats of theirs, and
-  // one function draws lines of 32 bits alone.
+  // One function draws into 32 bits alone.
   assert.deepEqual(silent.sort(), [
     "BRSL_WriteLine_32Bit 555", "BRSL_WriteLine_32Bit 565", "BRSL_WriteLine_32Bit RGB"]);
   await page.close();

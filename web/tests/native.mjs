@@ -57,7 +57,7 @@ export async function drawNatively(source, cases, use) {
   const folder = mkdtempSync(join(tmpdir(), "brisal-"));
   try {
     const program = compile(folder, source);
-    const child = spawn(program, [join(process.env.BRISAL_SITE, "sans.crf")], { stdio: ["ignore", "pipe", "inherit"] });
+    const child = spawn(program, [join(process.env.BRISAL_SITE, "serif.crf")], { stdio: ["ignore", "pipe", "inherit"] });
     let [waiting, at] = [[], 0];
     for await (const chunk of child.stdout) {
       waiting.push(chunk);
