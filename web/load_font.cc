@@ -3,7 +3,7 @@
 
 #include "host/services.h"
 
-// A font from the bytes of its file, for hosts that have no files; null if they are not those of a font.
+// A font from the bytes of its file, for hosts without files; null if they are not those of a font.
 extern "C" CRF_Font *WebLoadFont(void *bytes, size_t count) {
   brisal::host::InstallServices();
   FILE *const stream = fmemopen(bytes, count, "rb");

@@ -8,7 +8,8 @@ wasm_module() {
   step "Building the module of WebAssembly"
   # Debian's emscripten finds its parts by itself, unless another one's cache is named.
   (cd "$root" && unset EM_CACHE && export NODE_PATH=/usr/share/nodejs &&
-    emcmake cmake -Wno-dev -S web -B build/wasm/module -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null &&
+    emcmake cmake -Wno-dev -S web -B build/wasm/module -G Ninja -DCMAKE_BUILD_TYPE=Release \
+      >/dev/null &&
     cmake --build build/wasm/module --target brisal_web) || fail "the module could not be built"
 }
 
@@ -21,7 +22,7 @@ wasm_site() {
   cp -r "$root"/web/page/. "$root"/build/wasm/module/brisal.{js,wasm} \
     "$root/build/wasm/module/interface/brisal.json" "$site"
   "$root/build/release/tools/brisal" font make /usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf \
-    --size 40 -o "$site/serif.crf" >/dev/null || fail "there is no font for the page"
+    --size 40 -o "$site/text.crf" >/dev/null || fail "there is no font for the page"
 }
 
 wasm_test() {
@@ -35,7 +36,8 @@ wasm_test() {
   fi
   step "Comparing every picture with the native library's, and using the page"
   BRISAL_SITE=$site BRISAL_LIBRARY=$root/build/release/src/libbrisal.so BRISAL_SHOTS=$root/out/web \
-    BRISAL_MODULES=$tools/node_modules node --test "$root/web/tests/" || fail "tests of the page failed"
+    BRISAL_MODULES=$tools/node_modules node --test "$root/web/tests/" ||
+    fail "tests of the page failed"
 }
 
 wasm_command() {

@@ -9,7 +9,8 @@ const hex = (value) => `0x${(value >>> 0).toString(16).toUpperCase().padStart(6,
 function quoted(codes) {
   const escaped = codes.map((code) => {
     if (code === 34 || code === 92) return `\\${String.fromCharCode(code)}`;
-    return code >= 32 && code < 127 ? String.fromCharCode(code)
+    return code >= 32 && code < 127
+      ? String.fromCharCode(code)
       : `\\${code.toString(8).padStart(3, "0")}`;
   });
   return `"${escaped.join("")}"`;
@@ -31,14 +32,16 @@ function argument(value, parameter, functions) {
 function callText({ name, args }, functions) {
   const { arguments: parameters } = functions.get(name);
   const head = /^(Copy|Fill)Memory$/.test(name) ? `(${name})` : name;
-  return `${head}(${args.map((value, at) => argument(value, parameters[at], functions)).join(", ")})`;
+  const said = args.map((value, at) => argument(value, parameters[at], functions));
+  return `${head}(${said.join(", ")})`;
 }
 
 function broken(line, indent) {
   if (line.length <= COLUMNS) return line;
   const cut = line.lastIndexOf(", ", COLUMNS) + 1;
   return cut > indent.length
-    ? `${line.slice(0, cut)}\n${broken(indent + line.slice(cut + 1), indent)}` : line;
+    ? `${line.slice(0, cut)}\n${broken(indent + line.slice(cut + 1), indent)}`
+    : line;
 }
 
 function lineOf(statement, functions) {
@@ -67,12 +70,17 @@ export function excerpt(statements, functions, most = 6) {
 
 export function functionText(name, statements, functions) {
   const body = linesOf(withReleases(statements, functions), functions);
-  const indented = body.join("\n").split("\n").map((line) => `  ${line}`).join("\n");
+  const indented = body
+    .join("\n")
+    .split("\n")
+    .map((line) => `  ${line}`)
+    .join("\n");
   return `static void ${name}(void) {\n${indented}\n}\n`;
 }
 
 export function declarations(fontText) {
-  const blocks = Object.entries(BLOCKS).filter(([name]) => name !== "shown")
+  const blocks = Object.entries(BLOCKS)
+    .filter(([name]) => name !== "shown")
     .map(([name, [type, count]]) => `static ${type} ${name}[${count}];`);
   return `#include <brisal/brisal.h>
 #include <stdio.h>
@@ -86,9 +94,12 @@ ${fontText}
 
 // A program that writes the picture's pixels, as they lie in memory, to its output.
 export function programText({ preparation, statements, format, ownPhoto, needsFont }, functions) {
-  const font = needsFont ? "static CRF_Font *font; /* CRF_Load gives one, once GCF_Retrieve has had services */"
+  const font = needsFont
+    ? "static CRF_Font *font; /* CRF_Load gives one, once GCF_Retrieve has had services */"
     : "";
-  const photo = ownPhoto ? "  /* Fill photo with 0xAARRGGBB words of your photograph here. */\n" : "";
+  const photo = ownPhoto
+    ? "  /* Fill photo with 0xAARRGGBB words of your photograph here. */\n"
+    : "";
   return `${declarations(font)}
 ${functionText("prepare", preparation, functions)}
 ${functionText("draw", statements, functions)}

@@ -9,7 +9,7 @@ export class Gallery extends EventTarget {
   constructor(library, canvas) {
     super();
     this.library = library;
-    this.context = canvas.getContext("2d", { willReadFrequently: true });
+    this.context = canvas.getContext("2d");
     this.image = this.context.createImageData(WIDTH, HEIGHT);
     this.rgba = new Uint32Array(this.image.data.buffer);
     this.settings = { format: X32, mode: "solid", backdrop: "photo", inkAlpha: 150 };
@@ -74,14 +74,17 @@ export class Gallery extends EventTarget {
     const words = this.library.words(this.library.addresses.shown, WIDTH * HEIGHT);
     for (let at = 0; at < words.length; at += 1) {
       const word = words[at];
-      this.rgba[at] = 0xFF000000 | ((word & 0xFF) << 16) | (word & 0xFF00) | ((word >> 16) & 0xFF);
+      this.rgba[at] = 0xff000000 | ((word & 0xff) << 16) | (word & 0xff00) | ((word >> 16) & 0xff);
     }
     this.context.putImageData(this.image, 0, 0);
   }
 
   // The target's bytes as the last drawing left them.
   pixels() {
-    return this.library.bytes(this.library.addresses.pixels, WIDTH * HEIGHT * this.settings.format.size);
+    return this.library.bytes(
+      this.library.addresses.pixels,
+      WIDTH * HEIGHT * this.settings.format.size,
+    );
   }
 
   callText() {
@@ -90,8 +93,15 @@ export class Gallery extends EventTarget {
 
   program() {
     const statements = [...this.drawing.setUp, ...this.drawing.own];
-    const { ownPhoto, settings: { format }, entry: { needsFont } } = this;
-    return programText({ preparation, statements, format, ownPhoto, needsFont }, this.library.functions);
+    const {
+      ownPhoto,
+      settings: { format },
+      entry: { needsFont },
+    } = this;
+    return programText(
+      { preparation, statements, format, ownPhoto, needsFont },
+      this.library.functions,
+    );
   }
 
   // A photograph of the user: 0xAARRGGBB words, WIDTH by HEIGHT.

@@ -16,11 +16,9 @@ export const BLOCKS = {
   shown: ["uint32_t", "WIDTH * HEIGHT", WIDTH * HEIGHT * 4],
   row: ["uint32_t", "WIDTH", WIDTH * 4],
   heads: ["int32_t", "1 + HEIGHT", (1 + HEIGHT) * 4],
-  nodes: ["uint8_t", "12 * 16384", 12 * 16384],
+  // A crossing takes 12 bytes: 25 edges cross 320 rows.
+  nodes: ["uint8_t", "12 * 8192", 12 * 8192],
 };
-const ELEMENT_BYTES = { uint8_t: 1, int32_t: 4, uint32_t: 4 };
-// Of the elements that an offset into a block counts.
-export const elementBytes = (block) => ELEMENT_BYTES[BLOCKS[block]?.[0]] ?? 1;
 const CONTENT_ROOM = 256;
 const RECORD_BYTES = 60 + 4 * 40;
 
@@ -34,7 +32,7 @@ export async function openLibrary() {
   const [module, description, font] = await Promise.all([
     createModule(),
     fetched("./brisal.json").then((response) => response.json()),
-    fetched("./serif.crf").then((response) => response.arrayBuffer()),
+    fetched("./text.crf").then((response) => response.arrayBuffer()),
   ]);
   return new Library(module, description, new Uint8Array(font));
 }
@@ -46,7 +44,8 @@ class Library {
     this.functions = new Map(description.functions.map((entry) => [entry.name, entry]));
     this.constants = new Map(description.constants.map(({ name, value }) => [name, value]));
     this.addresses = {};
-    for (const [name, [, , bytes]] of Object.entries(BLOCKS)) this.addresses[name] = this.block(bytes);
+    for (const [name, [, , bytes]] of Object.entries(BLOCKS))
+      this.addresses[name] = this.block(bytes);
     this.addresses.record = this.block(RECORD_BYTES);
     this.contentAt = this.block(CONTENT_ROOM);
     const fontAt = this.block(fontFile.length);
@@ -56,6 +55,7 @@ class Library {
     module._BRSL_Init_Lib();
   }
 
+  // All 0, as static arrays of C are.
   block(bytes) {
     const address = this.module._malloc(bytes);
     if (!address) throw new Error("there is no memory for the pictures");

@@ -5,17 +5,25 @@ const element = (name, properties = {}) => Object.assign(document.createElement(
 const hrefOf = (entry) => `#${entry.name}`;
 export const entryOf = (hash) => ENTRIES.find((entry) => hrefOf(entry) === hash);
 
-const grouped = () => Map.groupBy?.(ENTRIES, ({ group }) => group) ?? ENTRIES.reduce(
-  (groups, entry) => groups.set(entry.group, [...(groups.get(entry.group) ?? []), entry]), new Map());
+const grouped = () =>
+  Map.groupBy?.(ENTRIES, ({ group }) => group) ??
+  ENTRIES.reduce(
+    (groups, entry) => groups.set(entry.group, [...(groups.get(entry.group) ?? []), entry]),
+    new Map(),
+  );
 
 function section(name, entries) {
   const part = element("section");
   const items = element("ul");
-  items.append(...entries.map((entry) => {
-    const item = element("li");
-    item.append(element("a", { href: hrefOf(entry), textContent: entry.name.replace(/_/g, "_\u200B") }));
-    return item;
-  }));
+  items.append(
+    ...entries.map((entry) => {
+      const item = element("li");
+      item.append(
+        element("a", { href: hrefOf(entry), textContent: entry.name.replace(/_/g, "_\u200B") }),
+      );
+      return item;
+    }),
+  );
   part.append(element("h2", { textContent: name }), items);
   return part;
 }
@@ -48,11 +56,14 @@ function filterBy(list, words) {
 export function buildList(gallery, { list, filter, menu }) {
   list.append(...[...grouped()].map(([name, entries]) => section(name, entries)));
   menu.append(...[...grouped()].map(([name, entries]) => options(name, entries)));
-  menu.addEventListener("change", () => { location.hash = menu.value; });
+  menu.addEventListener("change", () => {
+    location.hash = menu.value;
+  });
   filter.addEventListener("input", () => filterBy(list, filter.value.toLowerCase().split(/\s+/)));
   filter.addEventListener("keydown", (event) => {
     if (event.key === "ArrowDown") moveFocus(list, 1);
-    else if (event.key === "Enter") [...list.querySelectorAll("a")].find((link) => link.offsetParent)?.click();
+    else if (event.key === "Enter")
+      [...list.querySelectorAll("a")].find((link) => link.offsetParent)?.click();
     else return;
     event.preventDefault();
   });

@@ -7,7 +7,9 @@ import { acceptPhotos } from "./photo.js";
 import { BACKDROP_NAMES, ENTRIES, modeFor } from "./table.js";
 
 const find = (id) => document.getElementById(id);
-const say = (words) => { find("status").textContent = words; };
+const say = (words) => {
+  find("status").textContent = words;
+};
 
 function followSettings(gallery) {
   for (const radio of document.querySelectorAll("input[name=format]")) {
@@ -43,7 +45,9 @@ function followTexts(gallery) {
     document.title = `${name} \u2013 Brisal`;
     find("picture").setAttribute("aria-label", `What ${name} draws`);
   });
-  gallery.addEventListener("drawn", () => { find("code").textContent = gallery.callText(); });
+  gallery.addEventListener("drawn", () => {
+    find("code").textContent = gallery.callText();
+  });
   const copy = async (text, what) => {
     try {
       await navigator.clipboard.writeText(text);
@@ -53,7 +57,9 @@ function followTexts(gallery) {
     }
   };
   find("copy-call").addEventListener("click", () => copy(gallery.callText(), "The call is"));
-  find("copy-program").addEventListener("click", () => copy(gallery.program(), "A whole C program is"));
+  find("copy-program").addEventListener("click", () =>
+    copy(gallery.program(), "A whole C program is"),
+  );
 }
 
 async function start() {

@@ -2,10 +2,16 @@
 import { modesOf, modeFor } from "./table.js";
 
 const element = (name, properties = {}) => Object.assign(document.createElement(name), properties);
-const hexOf = (value) => `#${(value & 0xFFFFFF).toString(16).padStart(6, "0")}`;
+const hexOf = (value) => `#${(value & 0xffffff).toString(16).padStart(6, "0")}`;
 
 function slider(control, value, id, change) {
-  const input = element("input", { type: "range", id, min: control.least, max: control.most, step: control.step });
+  const input = element("input", {
+    type: "range",
+    id,
+    min: control.least,
+    max: control.most,
+    step: control.step,
+  });
   input.value = value;
   const output = element("output", { value: String(value) });
   output.htmlFor = id;
@@ -13,7 +19,13 @@ function slider(control, value, id, change) {
     output.value = input.value;
     change(Number(input.value));
   });
-  return { parts: [output, input], update: (next) => { input.value = next; output.value = String(next); } };
+  return {
+    parts: [output, input],
+    update: (next) => {
+      input.value = next;
+      output.value = String(next);
+    },
+  };
 }
 
 function colour(control, value, id, change) {
@@ -29,7 +41,9 @@ function colour(control, value, id, change) {
 
 function choice(control, value, id, change) {
   const select = element("select", { id });
-  select.append(...control.options.map(({ label }, at) => new Option(label, at, at === value, at === value)));
+  select.append(
+    ...control.options.map(({ label }, at) => new Option(label, at, at === value, at === value)),
+  );
   select.addEventListener("change", () => change(Number(select.value)));
   return { parts: [select] };
 }
@@ -48,8 +62,12 @@ export function buildPanel(gallery, panel) {
   function row(control) {
     const id = `argument-${control.name}`;
     const line = element("div", { className: `argument ${control.kind}` });
-    const { parts, update } = KINDS[control.kind](control, gallery.current[control.name], id,
-      (value) => gallery.set(control.name, value));
+    const { parts, update } = KINDS[control.kind](
+      control,
+      gallery.current[control.name],
+      id,
+      (value) => gallery.set(control.name, value),
+    );
     if (update) updates.set(control.name, update);
     line.append(element("label", { htmlFor: id, textContent: control.name }), ...parts);
     return line;
@@ -59,7 +77,9 @@ export function buildPanel(gallery, panel) {
     updates = new Map();
     panel.replaceChildren(...gallery.entry.controls.map(row));
     if (gallery.entry.controls.length === 0) {
-      panel.append(element("p", { className: "quiet", textContent: "It has no arguments to play with." }));
+      panel.append(
+        element("p", { className: "quiet", textContent: "It has no arguments to play with." }),
+      );
     }
   });
 
@@ -71,7 +91,9 @@ export function followModes(gallery, select) {
   const refresh = () => {
     const offered = modesOf(gallery.entry);
     const mode = modeFor(gallery.entry, gallery.settings.mode);
-    select.replaceChildren(...offered.map(({ label, c }) => new Option(c, label, false, label === mode.label)));
+    select.replaceChildren(
+      ...offered.map(({ label, c }) => new Option(c, label, false, label === mode.label)),
+    );
     select.disabled = offered.length < 2;
   };
   gallery.addEventListener("entry", refresh);

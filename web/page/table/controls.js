@@ -2,8 +2,14 @@
 import { HEIGHT, WIDTH } from "../library.js";
 import { flags, symbol } from "../statements.js";
 
-export const slider = (name, least, most, value, step = 1) =>
-  ({ kind: "slider", name, least, most, value, step });
+export const slider = (name, least, most, value, step = 1) => ({
+  kind: "slider",
+  name,
+  least,
+  most,
+  value,
+  step,
+});
 export const across = (name, value) => slider(name, -80, WIDTH + 80, value);
 export const down = (name, value) => slider(name, -80, HEIGHT + 80, value);
 // For functions that do not clip.
@@ -36,15 +42,21 @@ export const MODES = [
 export const flagged = (mode, ...others) =>
   flags(...others, mode.value === 2 ? symbol("0", 0) : mode);
 
-// The corners of a square of this size about a point, turned by degrees, from the top left clockwise.
+// The corners of a square about a point, turned by degrees, from the top left clockwise.
 export function corners({ cx, cy, size, turn }) {
   const angle = (turn * Math.PI) / 180;
   const [dx, dy] = [(Math.cos(angle) * size) / 2, (Math.sin(angle) * size) / 2];
-  return [[-dx + dy, -dy - dx], [dx + dy, dy - dx], [dx - dy, dy + dx], [-dx - dy, -dy + dx]]
-    .map(([x, y]) => [Math.round(cx + x), Math.round(cy + y)]);
+  return [
+    [-dx + dy, -dy - dx],
+    [dx + dy, dy - dx],
+    [dx - dy, dy + dx],
+    [-dx - dy, -dy + dx],
+  ].map(([x, y]) => [Math.round(cx + x), Math.round(cy + y)]);
 }
 
 export const placed = (size = 220, turn = 12) => [
-  across("cx", WIDTH / 2), down("cy", HEIGHT / 2), slider("size", 8, 420, size),
+  across("cx", WIDTH / 2),
+  down("cy", HEIGHT / 2),
+  slider("size", 8, 420, size),
   slider("turn", -180, 180, turn),
 ];
