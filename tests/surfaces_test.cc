@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <memory>
+#include <vector>
 
 #include "brisal/brisal.h"
 #include "support/calls.h"
@@ -217,6 +219,40 @@ TEST(Textures, WideRowsAreTheirColumns) {
         BRSL_DrawTexture(columns.SurfaceAt(1), 0, 0, pipeline.get());
       }
       EXPECT_EQ(Difference(whole.target, columns.target), "") << format << std::hex << " " << mode;
+    }
+  }
+}
+
+// A texture's rows may lie far apart, or the other way round, without a difference to what is drawn.
+TEST(Textures, DistancesOfRowsDoNotMatter) {
+  constexpr int32_t kSize = 20, kEdge = 31;
+  for (int32_t format = 1; format <= 5; format++) {
+    const int32_t bytes = kSize * kFormatBytes[format];
+    for (uint32_t mode : {0u, 1u, 0x80000000u, 0x80000001u}) {
+      const auto drawnWith = [&](int32_t pitch) {
+        std::vector<uint8_t> texels(static_cast<size_t>(std::abs(pitch) * kSize));
+        uint8_t *const first = texels.data() + (pitch < 0 ? -pitch * (kSize - 1) : 0);
+        Random random(5);
+        for (int32_t i = 0; i < kSize * bytes; i++) {
+          first[i / bytes * pitch + i % bytes] = static_cast<uint8_t>(random.Between(0, 3) * 80);
+        }
+        std::vector<uint8_t> target(kEdge * kEdge * 4);
+        BRSL_SetBuffer(target.data(), kEdge * 4, format);
+        BRSL_SetBufferViewPort(0, 0, kEdge, kEdge);
+        BRSL_SurfaceDesc *texture = BRSL_AllocSurfaceDesc(format, first, pitch, kSize, kSize);
+        BRSL_SetSurfaceDescMaskColour(texture, BRSL_PeekSurface(texture, 3, 3));
+        BRSL_DrawSpriteQuad(texture, 9, 0, 0, 0, 30, 9, 19, 0, 21, 30, 19, 19, 0, 21, 0, 19,
+                            Pipeline(mode).get(), 0);
+        BRSL_FreeSurfaceDesc(texture);
+        return target;
+      };
+      for (int32_t state : SwitchStates()) {
+        BRSL_SetMMXState(state);
+        const std::vector<uint8_t> expected = drawnWith(bytes);
+        for (int32_t pitch : {-bytes, 32767, 32768, -32768, -32769, 70000, -70000}) {
+          EXPECT_EQ(drawnWith(pitch), expected) << format << " " << mode << " " << pitch;
+        }
+      }
     }
   }
 }

@@ -7,6 +7,7 @@
 #include "pixel/run.h"
 #include "pixel/texel_kernels.h"
 #include "pixel/texel_loads.h"
+#include "pixel/texel_source.h"
 
 namespace brisal {
 namespace {
@@ -49,7 +50,14 @@ struct CopySpans {
       uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
       if constexpr (kCombines) {
         if (IsStraight(path)) {
-          Combine<VectorBytes>(path, n, pixels, TexelAt<F>(path, Whole(path.u), Whole(path.v)));
+          const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
+          Combine<VectorBytes>(path, n, pixels, Pixels<F>(first));
+          continue;
+        }
+      }
+      if constexpr (F::kBytes != 3) {
+        if (path.dv != 0 && HasNearRows(path)) {
+          Combine<VectorBytes>(path, n, pixels, Texels<F, VectorBytes>(path));
           continue;
         }
       }
@@ -74,7 +82,7 @@ struct CopySpans {
     } else if constexpr (Keyed) {
       uint8_t stored[kPiece * F::kBytes];
       LoadPiece<VectorBytes>(path, n, stored);
-      Combine<VectorBytes>(path, n, pixels, stored);
+      Combine<VectorBytes>(path, n, pixels, Pixels<F>(stored));
     } else {
       LoadPiece<VectorBytes>(path, n, pixels);
     }
@@ -94,11 +102,11 @@ struct CopySpans {
         });
   }
 
-  template <int VectorBytes>
+  template <int VectorBytes, class Source>
   BRISAL_INLINE static void Combine(const TexelPath &path, ptrdiff_t n, uint8_t *pixels,
-                                    const uint8_t *stored) {
+                                    const Source &source) {
     const std::conditional_t<Keyed, UnlessKey<F>, Solid<F>> rule(path.storedKey);
-    CombineRun<F, VectorBytes>(pixels, pixels, n, rule, Pixels<F>(stored));
+    CombineRun<F, VectorBytes>(pixels, pixels, n, rule, source);
   }
 };
 

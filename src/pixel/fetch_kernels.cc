@@ -62,14 +62,6 @@ struct Neighbourhood {
   typename Pair<F>::Word bottom[kPiece];
 };
 
-// The path from its i-th texel on.
-BRISAL_INLINE TexelPath From(const TexelPath &path, int i) {
-  TexelPath rest = path;
-  rest.u += path.du * static_cast<uint32_t>(i);
-  rest.v += path.dv * static_cast<uint32_t>(i);
-  return rest;
-}
-
 // Whether the path's i-th texel has neighbours to the right and below.
 BRISAL_INLINE bool HasNeighbours(const TexelPath &path, int i) {
   const TexelPath rest = From(path, i);

@@ -78,8 +78,8 @@ BRISAL_INLINE V HighHalves(V high, V low) {
   }
 }
 
-// What the generic vectors have no name for: the words that the lanes of `from` number, and the high
-// halves of products of 16-bit lanes. By reference, since vectors of a set that the caller may lack have
+// What the generic vectors have no name for: the words that the lanes of `from` number, the high halves
+// of products of 16-bit lanes, and the sums of the products, signed, of neighbouring ones. By reference, since vectors of a set that the caller may lack have
 // no agreed way of being passed; inlined, that makes no difference.
 #if defined(__x86_64__) || defined(__i386__)
 [[gnu::target("avx2")]] inline void Permute(const Vector<uint32_t, 32> &words,
@@ -102,6 +102,20 @@ BRISAL_INLINE V HighHalves(V high, V low) {
   using Signed = Vector<int16_t, 16>;
   high = (Vector<uint16_t, 16>)__builtin_ia32_pmulhuw128((Signed)a, (Signed)b);
 }
+
+[[gnu::target("avx2")]] inline void MultiplyAdd(const Vector<uint16_t, 32> &a,
+                                                const Vector<uint16_t, 32> &b,
+                                                Vector<uint32_t, 32> &sums) {
+  using Signed = Vector<int16_t, 32>;
+  sums = (Vector<uint32_t, 32>)__builtin_ia32_pmaddwd256((Signed)a, (Signed)b);
+}
+
+[[gnu::target("sse2")]] inline void MultiplyAdd(const Vector<uint16_t, 16> &a,
+                                                const Vector<uint16_t, 16> &b,
+                                                Vector<uint32_t, 16> &sums) {
+  using Signed = Vector<int16_t, 16>;
+  sums = (Vector<uint32_t, 16>)__builtin_ia32_pmaddwd128((Signed)a, (Signed)b);
+}
 #else
 template <class V>
 BRISAL_INLINE void Permute(const V &words, const V &from, V &permuted) {
@@ -113,6 +127,13 @@ BRISAL_INLINE void MultiplyHigh(const V &a, const V &b, V &high) {
   for (size_t i = 0; i < sizeof(V) / 2; ++i) {
     high[i] = static_cast<uint16_t>((uint32_t{a[i]} * b[i]) >> 16);
   }
+}
+
+template <class V, class W>
+BRISAL_INLINE void MultiplyAdd(const V &a, const V &b, W &sums) {
+  const auto high = [](const V &v) { return As<int32_t>(v) >> 16; };
+  const auto low = [](const V &v) { return (As<int32_t>(v) << 16) >> 16; };
+  sums = As<uint32_t>(low(a) * low(b) + high(a) * high(b));
 }
 #endif
 

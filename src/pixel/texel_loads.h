@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <type_traits>
 #include <utility>
 
@@ -22,47 +21,89 @@ BRISAL_INLINE const uint8_t *TexelAt(const TexelPath &path, int32_t column, int3
   return path.address + row * path.pitch + ptrdiff_t{column} * F::kBytes;
 }
 
+// The path from its i-th texel on.
+BRISAL_INLINE TexelPath From(const TexelPath &path, ptrdiff_t i) {
+  TexelPath rest = path;
+  rest.u += path.du * static_cast<uint32_t>(i);
+  rest.v += path.dv * static_cast<uint32_t>(i);
+  return rest;
+}
+
 // Whether the path runs along a row of the texture, texel by texel.
 BRISAL_INLINE bool IsStraight(const TexelPath &path) {
   return path.du == kOneTexel && path.dv == 0;
 }
 
-// Whether the distance of any texel from the first fits 32 bits, with columns and rows below 2^15.
-BRISAL_INLINE bool HasNearTexels(const TexelPath &path) {
-  constexpr ptrdiff_t kFarthest = std::numeric_limits<int32_t>::max() / 0x8000 - 4;
-  return -kFarthest <= path.pitch && path.pitch <= kFarthest;
+// Whether a row's distance is a factor for 16-bit lanes. Columns and rows, which are below 2^15, always
+// are.
+BRISAL_INLINE bool HasNearRows(const TexelPath &path) {
+  return path.pitch == static_cast<int16_t>(path.pitch);
 }
+
+// Where the texels of a path are, as many at once as a vector has words. The path has near rows.
+template <class F, int VectorBytes>
+class NearTexels {
+ public:
+  static constexpr int kLanes = VectorBytes / 4;
+
+  BRISAL_INLINE explicit NearTexels(const TexelPath &path)
+      : address_(path.address),
+        factors_(static_cast<uint32_t>(path.pitch) << 16 | static_cast<uint32_t>(F::kBytes)),
+        du_(path.du),
+        dv_(path.dv) {
+    const V numbers = LaneNumbers<V>(std::make_index_sequence<kLanes>{});
+    u_ = Splat<V>(path.u) + Splat<V>(path.du) * numbers;
+    v_ = Splat<V>(path.v) + Splat<V>(path.dv) * numbers;
+  }
+
+  // They leave the vector two by two.
+  BRISAL_INLINE void Take(const uint8_t **texel) const {
+    V distances;
+    MultiplyAdd(As<uint16_t>(HighHalves(v_, u_ >> 16)), As<uint16_t>(Splat<V>(factors_)),
+                distances);
+    int64_t pairs[kLanes / 2];
+    StoreVector(reinterpret_cast<uint8_t *>(pairs), distances);
+    for (int i = 0; i < kLanes; i += 2) {
+      texel[i] = address_ + static_cast<int32_t>(pairs[i / 2]);
+      texel[i + 1] = address_ + (pairs[i / 2] >> 32);
+    }
+  }
+
+  BRISAL_INLINE void Advance() {
+    u_ += Splat<V>(du_ * kLanes);
+    v_ += Splat<V>(dv_ * kLanes);
+  }
+
+ private:
+  using V = Vector<uint32_t, VectorBytes>;
+
+  const uint8_t *address_;
+  uint32_t factors_;
+  uint32_t du_;
+  uint32_t dv_;
+  V u_;
+  V v_;
+};
 
 template <class F, int VectorBytes, class Take>
 BRISAL_INLINE void ForEachNearTexel(const TexelPath &path, int n, Take take) {
-  using V = Vector<uint32_t, VectorBytes>;
+  NearTexels<F, VectorBytes> places(path);
   constexpr int kLanes = VectorBytes / 4;
-  const V numbers = LaneNumbers<V>(std::make_index_sequence<kLanes>{});
-  const V pitch = Splat<V>(static_cast<uint32_t>(path.pitch));
-  const uint8_t *const address = path.address;
-  V u = Splat<V>(path.u) + Splat<V>(path.du) * numbers;
-  V v = Splat<V>(path.v) + Splat<V>(path.dv) * numbers;
-  const V du = Splat<V>(path.du * kLanes);
-  const V dv = Splat<V>(path.dv * kLanes);
-  for (int i = 0; i < n; i += kLanes, u += du, v += dv) {
-    int32_t offset[kLanes];
-    const V places = (u >> 16) * static_cast<uint32_t>(F::kBytes) + (v >> 16) * pitch;
-    StoreVector(reinterpret_cast<uint8_t *>(offset), places);
+  for (int i = 0; i < n; i += kLanes, places.Advance()) {
+    const uint8_t *texel[kLanes];
+    places.Take(texel);
     if (n - i >= kLanes) {
-      for (int lane = 0; lane < kLanes; ++lane) take(i + lane, address + offset[lane]);
+      for (int lane = 0; lane < kLanes; ++lane) take(i + lane, texel[lane]);
     } else {
-      for (int lane = 0; lane < n - i; ++lane) take(i + lane, address + offset[lane]);
+      for (int lane = 0; lane < n - i; ++lane) take(i + lane, texel[lane]);
     }
   }
 }
 
-// Calls take(i, address) for each of n texels. Where vectors can multiply, the places of eight texels
-// are worked out at once.
+// Calls take(i, address) for each of n texels.
 template <class F, int VectorBytes, class Take>
 BRISAL_INLINE void ForEachTexel(const TexelPath &path, int n, Take take) {
-  if constexpr (VectorBytes == 32) {
-    if (HasNearTexels(path)) return ForEachNearTexel<F, VectorBytes>(path, n, take);
-  }
+  if (HasNearRows(path)) return ForEachNearTexel<F, VectorBytes>(path, n, take);
   uint32_t u = path.u;
   uint32_t v = path.v;
   for (int i = 0; i < n; ++i, u += path.du, v += path.dv) {
