@@ -13,6 +13,7 @@ namespace brisal {
 // One channel of a 16-bit pixel.
 template <int Shift, int Bits>
 struct Channel16 {
+  static constexpr int kShift = Shift;
   static constexpr int kBits = Bits;
   static constexpr uint16_t kMask = ((1 << Bits) - 1) << Shift;
   static constexpr bool kTop = Shift + Bits == 16;

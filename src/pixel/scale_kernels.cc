@@ -61,7 +61,7 @@ struct FilterRow {
           V right;
           Permute(LoadColours<F, V>(first), from, own);
           Permute(LoadColours<F, V>(first + F::kBytes), from, right);
-          StoreVector(Bytes(colours + i), BlendBytes(own, right, InHalves((place >> 8) & 255u)));
+          StoreVector(Bytes(colours + i), BlendBytes(own, right, TwiceInHalves(place)));
         });
   }
 
@@ -77,7 +77,7 @@ struct FilterRow {
     for (int i = 0; i < n; i += VectorBytes / 4, fractions.Advance()) {
       const V from = F::Widen(LoadVector<V>(Bytes(own + i)));
       const V to = F::Widen(LoadVector<V>(Bytes(right + i)));
-      StoreVector(Bytes(colours + i), BlendBytes(from, to, InHalves(fractions.Get())));
+      StoreVector(Bytes(colours + i), BlendBytes(from, to, fractions.Get()));
     }
   }
 };
@@ -88,10 +88,11 @@ struct Between {
 
   template <class V>
   BRISAL_INLINE V operator()(V d, V s) const {
-    return As<uint8_t>(BlendBytes(As<uint32_t>(d), As<uint32_t>(s), weight));
+    const auto twice = Splat<Vector<int16_t, sizeof(V)>>(static_cast<int16_t>(2 * weight));
+    return As<uint8_t>(BlendBytes(As<uint32_t>(d), As<uint32_t>(s), twice));
   }
 
-  uint16_t weight;
+  uint32_t weight;
 };
 
 struct BlendRows {
@@ -102,7 +103,7 @@ struct BlendRows {
       std::memcpy(colours, top, static_cast<size_t>(n) * sizeof *top);
       return;
     }
-    CombineRun<Texel32, VectorBytes>(colours, Bytes(top), n, Between{static_cast<uint16_t>(weight)},
+    CombineRun<Texel32, VectorBytes>(colours, Bytes(top), n, Between{weight},
                                      Pixels<Texel32>(Bytes(bottom)));
   }
 };
@@ -126,11 +127,11 @@ struct WeighNeighbours {
   }
 
   template <class V>
-  BRISAL_INLINE static V ColoursAt(const Neighbours &around, int i, V fraction, uint16_t below) {
-    const auto right = InHalves(fraction);
-    if (below != 0) return Weigh<V>(around, i, right, below);
+  BRISAL_INLINE static V ColoursAt(const Neighbours &around, int i,
+                                   Vector<int16_t, sizeof(V)> twice, uint16_t below) {
+    if (below != 0) return Weigh<V>(around, i, As<uint16_t>(twice) >> 1, below);
     return BlendBytes(LoadVector<V>(Bytes(around.topLeft + i)),
-                      LoadVector<V>(Bytes(around.topRight + i)), right);
+                      LoadVector<V>(Bytes(around.topRight + i)), twice);
   }
 
   // The four products add up to 65536; each loses its low byte for itself.

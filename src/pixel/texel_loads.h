@@ -44,45 +44,52 @@ BRISAL_INLINE bool HasNearRows(const TexelPath &path) {
 template <class F, int VectorBytes>
 class NearTexels {
  public:
+  using Words = Vector<uint32_t, VectorBytes>;
   static constexpr int kLanes = VectorBytes / 4;
 
   BRISAL_INLINE explicit NearTexels(const TexelPath &path)
-      : address_(path.address),
-        factors_(static_cast<uint32_t>(path.pitch) << 16 | static_cast<uint32_t>(F::kBytes)),
+      : factors_(static_cast<uint32_t>(path.pitch) << 16 | static_cast<uint32_t>(F::kBytes)),
         du_(path.du),
         dv_(path.dv) {
-    const V numbers = LaneNumbers<V>(std::make_index_sequence<kLanes>{});
-    u_ = Splat<V>(path.u) + Splat<V>(path.du) * numbers;
-    v_ = Splat<V>(path.v) + Splat<V>(path.dv) * numbers;
+    const Words numbers = LaneNumbers<Words>(std::make_index_sequence<kLanes>{});
+    u_ = Splat<Words>(path.u) + Splat<Words>(path.du) * numbers;
+    v_ = Splat<Words>(path.v) + Splat<Words>(path.dv) * numbers;
   }
 
-  // They leave the vector two by two.
-  BRISAL_INLINE void Take(const uint8_t **texel) const {
-    V distances;
-    MultiplyAdd(As<uint16_t>(HighHalves(v_, u_ >> 16)), As<uint16_t>(Splat<V>(factors_)),
+  // Their distances from the texture's first texel, which leave the vector two by two.
+  BRISAL_INLINE void Take(ptrdiff_t *distance) const {
+    Words distances;
+    MultiplyAdd(As<uint16_t>(HighHalves(v_, u_ >> 16)), As<uint16_t>(Splat<Words>(factors_)),
                 distances);
     int64_t pairs[kLanes / 2];
-    StoreVector(reinterpret_cast<uint8_t *>(pairs), distances);
+    if constexpr (VectorBytes == 16) {
+      // GCC would take the upper pair by an instruction that waits for what its register held before.
+      pairs[0] = As<int64_t>(distances)[0];
+      pairs[1] = As<int64_t>(__builtin_shufflevector(distances, distances, 2, 3, 2, 3))[0];
+    } else {
+      StoreVector(reinterpret_cast<uint8_t *>(pairs), distances);
+    }
     for (int i = 0; i < kLanes; i += 2) {
-      texel[i] = address_ + static_cast<int32_t>(pairs[i / 2]);
-      texel[i + 1] = address_ + (pairs[i / 2] >> 32);
+      distance[i] = static_cast<int32_t>(pairs[i / 2]);
+      distance[i + 1] = static_cast<ptrdiff_t>(pairs[i / 2] >> 32);
     }
   }
 
+  // The coordinates, 16.16.
+  BRISAL_INLINE Words U() const { return u_; }
+  BRISAL_INLINE Words V() const { return v_; }
+
   BRISAL_INLINE void Advance() {
-    u_ += Splat<V>(du_ * kLanes);
-    v_ += Splat<V>(dv_ * kLanes);
+    u_ += Splat<Words>(du_ * kLanes);
+    v_ += Splat<Words>(dv_ * kLanes);
   }
 
  private:
-  using V = Vector<uint32_t, VectorBytes>;
-
-  const uint8_t *address_;
   uint32_t factors_;
   uint32_t du_;
   uint32_t dv_;
-  V u_;
-  V v_;
+  Words u_;
+  Words v_;
 };
 
 template <class F, int VectorBytes, class Take>
@@ -90,12 +97,12 @@ BRISAL_INLINE void ForEachNearTexel(const TexelPath &path, int n, Take take) {
   NearTexels<F, VectorBytes> places(path);
   constexpr int kLanes = VectorBytes / 4;
   for (int i = 0; i < n; i += kLanes, places.Advance()) {
-    const uint8_t *texel[kLanes];
-    places.Take(texel);
+    ptrdiff_t distance[kLanes];
+    places.Take(distance);
     if (n - i >= kLanes) {
-      for (int lane = 0; lane < kLanes; ++lane) take(i + lane, texel[lane]);
+      for (int lane = 0; lane < kLanes; ++lane) take(i + lane, path.address + distance[lane]);
     } else {
-      for (int lane = 0; lane < n - i; ++lane) take(i + lane, texel[lane]);
+      for (int lane = 0; lane < n - i; ++lane) take(i + lane, path.address + distance[lane]);
     }
   }
 }

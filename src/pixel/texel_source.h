@@ -31,10 +31,10 @@ class Texels {
     BRISAL_INLINE explicit Cursor(const TexelPath &path) : path_(path), places_(path) {}
 
     BRISAL_INLINE G Get() const {
-      const uint8_t *texel[kVectors * kLanes];
+      ptrdiff_t distance[kVectors * kLanes];
       Places places = places_;
-      for (int i = 0; i < kVectors; ++i, places.Advance()) places.Take(texel + i * kLanes);
-      return {{Join(texel, std::make_index_sequence<G::kPixels>{})}};
+      for (int i = 0; i < kVectors; ++i, places.Advance()) places.Take(distance + i * kLanes);
+      return {{Join(distance, std::make_index_sequence<G::kPixels>{})}};
     }
 
     BRISAL_INLINE G Ahead(ptrdiff_t pixels) const { return Cursor(From(path_, pixels)).Get(); }
@@ -52,9 +52,9 @@ class Texels {
     using Lane = std::conditional_t<F::kBytes == 2, uint16_t, uint32_t>;
 
     template <size_t... I>
-    BRISAL_INLINE static auto Join(const uint8_t *const *texel, std::index_sequence<I...>) {
+    BRISAL_INLINE auto Join(const ptrdiff_t *distance, std::index_sequence<I...>) const {
       using V = Vector<Lane, VectorBytes>;
-      return As<typename F::Lane>(V{static_cast<Lane>(F::Load(texel[I]))...});
+      return As<typename F::Lane>(V{static_cast<Lane>(F::Load(path_.address + distance[I]))...});
     }
 
     TexelPath path_;

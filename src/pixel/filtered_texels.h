@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "pixel/blend_bytes.h"
+#include "pixel/texel_loads.h"
+#include "pixel/texel_pairs.h"
+
+// Reading the texels along a path filtered: each is blended with the one to its right, the one below and
+// the one below that to its right.
+
+namespace brisal {
+
+// Filters the texels of a path, `Compressed` where transparent neighbours count as black.
+template <class F, bool Compressed, int VectorBytes>
+class TexelFilter {
+ public:
+  BRISAL_INLINE explicit TexelFilter(const TexelPath &path) : path_(path) {}
+
+  // Writes n filtered texels, and the own ones as they are stored.
+  BRISAL_INLINE void Run(int n, uint32_t *texels, uint32_t *stored) const {
+    if constexpr (VectorBytes > 16) {
+      using Narrower = TexelFilter<F, Compressed, VectorBytes / 2>;
+      if (n < kLanes) return Narrower(path_).Run(n, texels, stored);
+    }
+    // Only at its ends does a straight path lie at the edge of the texture.
+    int begin = 0;
+    while (begin < n && !HasNeighbours(begin)) ++begin;
+    int end = n;
+    while (end > begin && !HasNeighbours(end - 1)) --end;
+    if (!HasNearRows(path_) || end - begin < kLanes) return FilterAtEdges(0, n, texels, stored);
+    FilterAtEdges(0, begin, texels, stored);
+    FilterInside(begin, end, texels, stored);
+    FilterAtEdges(end, n, texels, stored);
+  }
+
+ private:
+  using V = Vector<uint32_t, VectorBytes>;
+  using Places = NearTexels<F, VectorBytes>;
+  using Word = typename Pair<F>::Word;
+  static constexpr int kLanes = VectorBytes / 4;
+
+  BRISAL_INLINE bool HasNeighbours(int i) const {
+    const TexelPath place = From(path_, i);
+    return Whole(place.u) + 1 < path_.width && Whole(place.v) + 1 < path_.height;
+  }
+
+  // At least kLanes texels; the last ones may be filtered twice.
+  BRISAL_INLINE void FilterInside(int begin, int end, uint32_t *texels, uint32_t *stored) const {
+    const int last = end - kLanes;
+    Places places(From(path_, begin));
+    for (int i = begin; i < last; i += kLanes, places.Advance()) {
+      FilterGroup(places, texels + i, stored + i);
+    }
+    FilterGroup(Places(From(path_, last)), texels + last, stored + last);
+  }
+
+  BRISAL_INLINE void FilterGroup(const Places &places, uint32_t *texels, uint32_t *stored) const {
+    ptrdiff_t distances[kLanes];
+    places.Take(distances);
+    const ptrdiff_t *const distance = distances;
+    const uint8_t *const address = path_.address;
+    const uint8_t *const below = address + path_.pitch;
+    const Pairs<F, V, Compressed> top([=](size_t i) __attribute__((always_inline)) {
+      return Pair<F>::Load(address + distance[i]);
+    });
+    const Pairs<F, V, Compressed> bottom([=](size_t i) __attribute__((always_inline)) {
+      return Pair<F>::Load(below + distance[i]);
+    });
+    StoreVector(Bytes(texels), Blend(top, bottom, places.U(), places.V()));
+    StoreVector(Bytes(stored), top.Own());
+  }
+
+  // Texels that may lie in the texture's last column or row: those are repeated.
+  BRISAL_INLINE void FilterAtEdges(int begin, int end, uint32_t *texels, uint32_t *stored) const {
+    using One = Vector<uint32_t, 16>;
+    for (int i = begin; i < end; ++i) {
+      const TexelPath place = From(path_, i);
+      const int32_t column = Whole(place.u);
+      const int32_t row = Whole(place.v);
+      const ptrdiff_t across = column + 1 < path_.width ? F::kBytes : 0;
+      const uint8_t *const texel = TexelAt<F>(path_, column, row);
+      const uint8_t *const below = texel + (row + 1 < path_.height ? path_.pitch : 0);
+      const Pairs<F, One, Compressed> top([=](size_t) __attribute__((always_inline)) {
+        return Pair<F>::Of(F::Load(texel), F::Load(texel + across));
+      });
+      const Pairs<F, One, Compressed> bottom([=](size_t) __attribute__((always_inline)) {
+        return Pair<F>::Of(F::Load(below), F::Load(below + across));
+      });
+      texels[i] = Blend(top, bottom, Splat<One>(place.u), Splat<One>(place.v))[0];
+      stored[i] = top.Own()[0];
+    }
+  }
+
+  template <class P, class W>
+  BRISAL_INLINE W Blend(const P &top, const P &bottom, W u, W v) const {
+    return P::Blend(top, bottom, u, v, path_.texelKey);
+  }
+
+  TexelPath path_;
+};
+
+}  // namespace brisal
