@@ -57,7 +57,8 @@ class SpanBuffer {
  private:
   void *Grow(int64_t count, size_t size);
 
-  void *memory_ = nullptr;
+  void *block_ = nullptr;
+  void *memory_ = nullptr;  // in the block, aligned
   size_t capacity_ = 0;
 };
 
