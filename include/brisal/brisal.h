@@ -526,11 +526,19 @@ BRSL_API uint32_t BRSL_CALL RGBForBuffer(uint32_t colour, int32_t reserved);
 
 /* ---- Memory -------------------------------------------------------------------------------- */
 
+#ifdef _WIN32 /* Macros of <windows.h>, which stay as they are. */
+#pragma push_macro("CopyMemory")
+#pragma push_macro("FillMemory")
+#undef CopyMemory
+#undef FillMemory
+#endif
+
 /*
  * Copies byteCount bytes from source to destination (source first). Overlapping blocks are not
  * supported; a byteCount of 0 copies nothing.
- * The caller guarantees both ranges. (The name is in parentheses because <windows.h> has a macro
- * of it; call it the same way where that header is in use.)
+ * The caller guarantees both ranges. (In parentheses, since system headers may have a
+ * macro of the name. Call it the same way where they have one with arguments; that of <windows.h> has
+ * none, so #undef it first.)
  */
 BRSL_API void BRSL_CALL(CopyMemory)(const void *source, void *destination, uint32_t byteCount);
 
@@ -542,6 +550,11 @@ BRSL_API void BRSL_CALL(CopyMemory)(const void *source, void *destination, uint3
  * for the same reason as CopyMemory.)
  */
 BRSL_API void BRSL_CALL(FillMemory)(void *destination, int32_t count, uint32_t value, int32_t size);
+
+#ifdef _WIN32
+#pragma pop_macro("CopyMemory")
+#pragma pop_macro("FillMemory")
+#endif
 
 /*
  * As FillMemory, but the elements lie stride elements apart (a byte step of stride * element size).
