@@ -1,38 +1,17 @@
 // What the drawing calls must never do: touch memory outside their rows, or allocate.
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
 
 #include "support/cases.h"
+#include "support/fenced_page.h"
 #include "support/sanitizers.h"
 #include "support/switch_states.h"
 
 namespace {
 
 constexpr int32_t kLongest = 70;
-
-// Readable memory between two pages that nobody may touch.
-class FencedPage {
- public:
-  FencedPage() : size_(static_cast<size_t>(sysconf(_SC_PAGESIZE))) {
-    memory_ = mmap(nullptr, 3 * size_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (memory_ == MAP_FAILED) std::abort();
-    mprotect(Begin(), size_, PROT_READ | PROT_WRITE);
-  }
-  ~FencedPage() { munmap(memory_, 3 * size_); }
-  FencedPage(const FencedPage &) = delete;
-  FencedPage &operator=(const FencedPage &) = delete;
-
-  uint8_t *Begin() const { return static_cast<uint8_t *>(memory_) + size_; }
-  uint8_t *End() const { return Begin() + size_; }
-
- private:
-  size_t size_;
-  void *memory_;
-};
 
 void DrawEverywhere(int32_t length, int32_t mode) {
   BRSL_Box(0, 0, length, 1, 0x80123456, BRSL_FILLED | mode);

@@ -24,7 +24,7 @@ class Sheet {
   }
 
   BRSL_SurfaceDesc Surface() {
-    const std::unique_ptr<BRSL_SurfaceDesc, int32_t (*)(BRSL_SurfaceDesc *)> surface(
+    const std::unique_ptr<BRSL_SurfaceDesc, int32_t(BRSL_CALL *)(BRSL_SurfaceDesc *)> surface(
         BRSL_AllocSurfaceDesc(format_, bytes_.data() + pitch_, pitch_, width_, height_),
         BRSL_FreeSurfaceDesc);
     return *surface;

@@ -165,7 +165,7 @@ class Scenes : public testing::Test {
   }
 
   std::unique_ptr<Picture> target_, sheet_;
-  std::unique_ptr<TPD_Pipeline, int32_t (*)(TPD_Pipeline *)> pipeline_{nullptr, TPD_Free};
+  std::unique_ptr<TPD_Pipeline, int32_t(BRSL_CALL *)(TPD_Pipeline *)> pipeline_{nullptr, TPD_Free};
 };
 
 // Strips are left out where their ends come in the wrong order and only the second shows, outlined

@@ -38,7 +38,7 @@ class Pipeline {
   TPD_Pipeline *get() const { return pipeline_.get(); }
 
  private:
-  std::unique_ptr<TPD_Pipeline, int32_t (*)(TPD_Pipeline *)> pipeline_;
+  std::unique_ptr<TPD_Pipeline, int32_t(BRSL_CALL *)(TPD_Pipeline *)> pipeline_;
 };
 
 TEST(Surfaces, RecordsAndNull) {

@@ -14,20 +14,21 @@ struct CRF_Font {
 
 namespace reference {
 
-void RetrieveServices(const BRSL_HostRecord *record);
+// Those that tests put in the place of the library's functions are called as they are.
+void BRSL_CALL RetrieveServices(const BRSL_HostRecord *record);
 
-CRF_Font *AllocFont(int32_t count);
-void FreeFont(CRF_Font *font);
-void SetChrDepth(CRF_Font *font, int32_t depth);
-void SetMaxChrSize(CRF_Font *font, int32_t width, int32_t height);
+CRF_Font *BRSL_CALL AllocFont(int32_t count);
+void BRSL_CALL FreeFont(CRF_Font *font);
+void BRSL_CALL SetChrDepth(CRF_Font *font, int32_t depth);
+void BRSL_CALL SetMaxChrSize(CRF_Font *font, int32_t width, int32_t height);
 int32_t GetMaxChrSize(const CRF_Font *font, int32_t which);
-void SetFontDrawMode(CRF_Font *font, int32_t mode);
+void BRSL_CALL SetFontDrawMode(CRF_Font *font, int32_t mode);
 int32_t GetFontDrawMode(const CRF_Font *font);
 void SetBackdropColour(CRF_Font *font, uint32_t colour);
 uint32_t GetBackdropColour(const CRF_Font *font);
-CRF_ChrInfo *GetChrInfo(const CRF_Font *font, int32_t code);
-void SetChrBitmap(CRF_Font *font, int32_t code, void *bitmap);
-void *GetChrBitmap(const CRF_Font *font, int32_t code);
+CRF_ChrInfo *BRSL_CALL GetChrInfo(const CRF_Font *font, int32_t code);
+void BRSL_CALL SetChrBitmap(CRF_Font *font, int32_t code, void *bitmap);
+void *BRSL_CALL GetChrBitmap(const CRF_Font *font, int32_t code);
 int32_t GetUnderHang(const CRF_ChrInfo *info, int32_t code);
 int32_t GetWidth(const CRF_ChrInfo *info, int32_t code);
 int32_t GetOverHang(const CRF_ChrInfo *info, int32_t code);

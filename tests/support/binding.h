@@ -36,8 +36,8 @@ P Pass(Scene &scene, int32_t value) {
   }
 }
 
-template <class R, class... P, size_t... I>
-uint32_t Spread(R (*f)(P...), Scene &s, const Args &a, std::index_sequence<I...>) {
+template <class F, class R, class... P, size_t... I>
+uint32_t SpreadFunction(F f, R (*)(P...), Scene &s, const Args &a, std::index_sequence<I...>) {
   return ResultOf([&] { return f(Pass<P>(s, a[I])...); });
 }
 
@@ -48,8 +48,17 @@ uint32_t SpreadMember(F f, R (*)(P...), Scene &s, const Args &a, std::index_sequ
 
 template <class R, class... P>
 uint32_t Spread(R (*f)(P...), Scene &s, const Args &a) {
-  return Spread(f, s, a, std::index_sequence_for<P...>());
+  return SpreadFunction(f, f, s, a, std::index_sequence_for<P...>());
 }
+
+#if defined(_WIN32) && !defined(_WIN64)
+// There the library's functions have a calling convention that the reference's have not.
+template <class R, class... P>
+uint32_t Spread(R(BRSL_CALL *f)(P...), Scene &s, const Args &a) {
+  return SpreadFunction(f, static_cast<R (*)(P...)>(nullptr), s, a,
+                        std::index_sequence_for<P...>());
+}
+#endif
 
 template <class R, class... P>
 uint32_t Spread(R (Reference::*f)(P...), Scene &s, const Args &a) {

@@ -12,30 +12,30 @@ RecordingHost *active = nullptr;
 
 // The services; each puts itself down and forwards to the active host.
 struct Services {
-  static uintptr_t AllocMemory(int32_t size) {
+  static uintptr_t BRSL_CALL AllocMemory(int32_t size) {
     active->Put("AllocMemory", {size});
     return active->Allocate(size);
   }
-  static void FreeMemory(uintptr_t block) {
+  static void BRSL_CALL FreeMemory(uintptr_t block) {
     active->Put("FreeMemory", {static_cast<int64_t>(block)});
     active->Free(block);
   }
-  static void FreeMemoryAddress(uintptr_t address) {
+  static void BRSL_CALL FreeMemoryAddress(uintptr_t address) {
     active->Put("FreeMemoryAddress", {active->Place(address)});
     if (address) active->Free(active->HandleOf(reinterpret_cast<void *>(address)));
   }
-  static uintptr_t MemoryAddress(uintptr_t block) {
+  static uintptr_t BRSL_CALL MemoryAddress(uintptr_t block) {
     active->Put("MemoryAddress", {static_cast<int64_t>(block)});
     RecordingHost::Block *found = block ? active->Find(block) : nullptr;
     return found ? reinterpret_cast<uintptr_t>(found->bytes.data()) : 0;
   }
-  static int32_t MemorySize(uintptr_t block) {
+  static int32_t BRSL_CALL MemorySize(uintptr_t block) {
     active->Put("MemorySize", {static_cast<int64_t>(block)});
     const RecordingHost::Block *found = active->Find(block);
     return found ? static_cast<int32_t>(found->bytes.size()) : 0;
   }
-  static void CopyMemoryBlock(uintptr_t source, int32_t sourceOffset, int32_t count,
-                              uintptr_t destination, int32_t destinationOffset) {
+  static void BRSL_CALL CopyMemoryBlock(uintptr_t source, int32_t sourceOffset, int32_t count,
+                                        uintptr_t destination, int32_t destinationOffset) {
     active->Put("CopyMemoryBlock", {static_cast<int64_t>(source), sourceOffset, count,
                                     static_cast<int64_t>(destination), destinationOffset});
     const RecordingHost::Block *from = active->Find(source);
@@ -46,7 +46,7 @@ struct Services {
     }
     std::copy_n(from->bytes.begin() + sourceOffset, count, to->bytes.begin() + destinationOffset);
   }
-  static void PokeLong(uintptr_t block, int32_t offset, int32_t value) {
+  static void BRSL_CALL PokeLong(uintptr_t block, int32_t offset, int32_t value) {
     active->Put("PokeLong", {static_cast<int64_t>(block), offset, value});
     RecordingHost::Block *to = active->Find(block);
     if (!to || !Fits(*to, offset, 4)) {
@@ -55,16 +55,16 @@ struct Services {
     }
     std::memcpy(&to->bytes[offset], &value, 4);
   }
-  static uintptr_t AllocString(int32_t length) {
+  static uintptr_t BRSL_CALL AllocString(int32_t length) {
     active->Put("AllocString", {length});
     return active->Allocate(length);
   }
-  static void PokeBytes(uintptr_t buffer, uintptr_t source, int32_t count) {
+  static void BRSL_CALL PokeBytes(uintptr_t buffer, uintptr_t source, int32_t count) {
     active->Put("PokeBytes", {static_cast<int64_t>(buffer), count});
     RecordingHost::Block *to = active->Find(buffer);
     if (to) std::memcpy(to->bytes.data(), reinterpret_cast<void *>(source), count);
   }
-  static int32_t CompareStrings(uintptr_t a, uintptr_t b) {
+  static int32_t BRSL_CALL CompareStrings(uintptr_t a, uintptr_t b) {
     active->Put("CompareStrings", {static_cast<int64_t>(a), static_cast<int64_t>(b)});
     const auto text = [](uintptr_t buffer) {
       const RecordingHost::Block *block = active->Find(buffer);
@@ -72,39 +72,42 @@ struct Services {
     };
     return std::strcmp(text(a), text(b)) == 0 ? 1 : 77;
   }
-  static uintptr_t OpenFileRead(const void *name) {
+  static uintptr_t BRSL_CALL OpenFileRead(const void *name) {
     const int64_t number = NumberOf(name);
     active->Put("OpenFileRead", {number});
     const bool there = number >= 0 && active->files.count(kFileNames[number]);
     return there ? active->Open(kFileNames[number]) : 0;
   }
-  static uintptr_t OpenFileWrite(const void *name) {
+  static uintptr_t BRSL_CALL OpenFileWrite(const void *name) {
     const int64_t number = NumberOf(name);
     active->Put("OpenFileWrite", {number});
     if (number < 0 || number == std::size(kFileNames) - 1) return 0;
     active->files[kFileNames[number]].clear();
     return active->Open(kFileNames[number]);
   }
-  static void CloseFile(uintptr_t file) { active->Put("CloseFile", {static_cast<int64_t>(file)}); }
-  static int32_t FilePos(uintptr_t file) {
+  static void BRSL_CALL CloseFile(uintptr_t file) {
+    active->Put("CloseFile", {static_cast<int64_t>(file)});
+  }
+  static int32_t BRSL_CALL FilePos(uintptr_t file) {
     active->Put("FilePos", {static_cast<int64_t>(file)});
     return active->positions[file - 1];
   }
-  static void SeekFile(uintptr_t file, int32_t position) {
+  static void BRSL_CALL SeekFile(uintptr_t file, int32_t position) {
     active->Put("SeekFile", {static_cast<int64_t>(file), position});
     active->positions[file - 1] = position;
   }
-  static int32_t ReadWord(uintptr_t file, int32_t position) {
+  static int32_t BRSL_CALL ReadWord(uintptr_t file, int32_t position) {
     uint8_t bytes[2] = {};
     Read("ReadWord", file, position, bytes, 2, 0);
     return bytes[0] | bytes[1] << 8;
   }
-  static int32_t ReadLong(uintptr_t file, int32_t position) {
+  static int32_t BRSL_CALL ReadLong(uintptr_t file, int32_t position) {
     int32_t value = 0;
     Read("ReadLong", file, position, &value, 4, 0);
     return value;
   }
-  static void ReadToBuffer(uintptr_t file, int32_t position, uintptr_t buffer, int32_t count) {
+  static void BRSL_CALL ReadToBuffer(uintptr_t file, int32_t position, uintptr_t buffer,
+                                     int32_t count) {
     RecordingHost::Block *to = active->Find(buffer);
     if (!to || !Fits(*to, 0, count)) {
       active->mistakes++;
@@ -112,17 +115,19 @@ struct Services {
     }
     Read("ReadToBuffer", file, position, to->bytes.data(), count, static_cast<int64_t>(buffer));
   }
-  static void ReadToMemory(uintptr_t file, int32_t position, uintptr_t address, int32_t count) {
+  static void BRSL_CALL ReadToMemory(uintptr_t file, int32_t position, uintptr_t address,
+                                     int32_t count) {
     Read("ReadToMemory", file, position, reinterpret_cast<void *>(address), count,
          active->Place(address));
   }
-  static void WriteWord(uintptr_t file, int32_t position, int32_t value) {
+  static void BRSL_CALL WriteWord(uintptr_t file, int32_t position, int32_t value) {
     Write("WriteWord", file, position, &value, 2, 0);
   }
-  static void WriteLong(uintptr_t file, int32_t position, int32_t value) {
+  static void BRSL_CALL WriteLong(uintptr_t file, int32_t position, int32_t value) {
     Write("WriteLong", file, position, &value, 4, 0);
   }
-  static void WriteMemory(uintptr_t file, int32_t position, uintptr_t start, uintptr_t end) {
+  static void BRSL_CALL WriteMemory(uintptr_t file, int32_t position, uintptr_t start,
+                                    uintptr_t end) {
     Write("WriteMemory", file, position, reinterpret_cast<void *>(start),
           static_cast<int32_t>(end - start), active->Place(start));
   }

@@ -3,12 +3,14 @@
 #include <string>
 #include <vector>
 
+static uintptr_t BRSL_CALL AllocLittle(int32_t size) {
+  return size <= 1 << 20 ? RecordingHost::Record().memory.call.AllocMemory(size) : 0;
+}
+
 FrugalHost::FrugalHost() {
   Activate();
   BRSL_HostRecord record = Record();
-  record.memory.call.AllocMemory = [](int32_t size) -> uintptr_t {
-    return size <= 1 << 20 ? Record().memory.call.AllocMemory(size) : 0;
-  };
+  record.memory.call.AllocMemory = AllocLittle;
   GCF_Retrieve(&record);
 }
 
