@@ -163,13 +163,26 @@ def read_interface(header):
     }
 
 
+def stack_bytes(function):
+    """What __stdcall decorates a name with: the bytes of the arguments where addresses have 32 bits."""
+    return sum(8 if argument["type"] in ("double", "int64_t", "uint64_t") else 4
+               for argument in function["arguments"])
+
+
+def module_definition(names):
+    return 'LIBRARY "Brisal Library.dll"\nEXPORTS\n' + "".join(f"    {name}\n" for name in names)
+
+
 def write_files(interface, folder):
-    names = sorted(function["name"] for function in interface["functions"])
+    functions = sorted(interface["functions"], key=lambda function: function["name"])
+    names = [function["name"] for function in functions]
     symbols = "".join(f"    {name};\n" for name in names)
     files = {
         "exports.txt": "".join(name + "\n" for name in names),
         "brisal.map": "{\n  global:\n" + symbols + "  local:\n    *;\n};\n",
-        "brisal.def": 'LIBRARY "Brisal Library"\nEXPORTS\n' + symbols.replace(";", ""),
+        "brisal.def": module_definition(names),
+        "brisal_stdcall.def": module_definition(
+            f"{function['name']}@{stack_bytes(function)}" for function in functions),
         "brisal.json": json.dumps(interface, indent=1) + "\n",
     }
     folder.mkdir(parents=True, exist_ok=True)
@@ -213,7 +226,8 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     parser.add_argument("header", type=pathlib.Path)
     parser.add_argument("--out", type=pathlib.Path, metavar="DIR",
-                        help="write exports.txt, brisal.map, brisal.def and brisal.json here")
+                        help="write exports.txt, brisal.map, brisal.def, brisal_stdcall.def and\n"
+                             "brisal.json here")
     parser.add_argument("--check", action="store_true",
                         help="demand a contract for every function and argument")
     arguments = parser.parse_args()

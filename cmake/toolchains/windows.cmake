@@ -1,0 +1,15 @@
+# What windows32 and windows64 share.
+set(CMAKE_SYSTEM_NAME Windows)
+string(REGEX MATCH "^[^-]+" CMAKE_SYSTEM_PROCESSOR ${windows_target})
+set(CMAKE_C_COMPILER ${windows_target}-gcc)
+set(CMAKE_CXX_COMPILER ${windows_target}-g++)
+set(CMAKE_CROSSCOMPILING_EMULATOR wine)
+set(CMAKE_C_FLAGS_INIT "${windows_flags}")
+set(CMAKE_CXX_FLAGS_INIT "${windows_flags}")
+# Nothing is needed but what comes with the system.
+set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
+set(CMAKE_FIND_ROOT_PATH /usr/${windows_target})
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
