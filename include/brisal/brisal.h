@@ -1282,10 +1282,11 @@ BRSL_API void BRSL_CALL BRSL_DrawSpritePoly(const BRSL_SurfaceDesc *texture, int
                                             const TPD_Pipeline *pipeline);
 
 /*
- * Draws a sprite on a quad: stores the vertices (x0, y0) .. (x3, y3) with their texel columns and rows
+ * Draws a sprite on a quad: the vertices (x0, y0) .. (x3, y3) with their texel columns and rows
  * (tu0, tv0) .. (tu3, tv3).
- * texture, pipeline: as for BRSL_DrawTexturedPoly. split: 0 draws one polygon of four vertices, 1 the
- * triangles (0, 1, 2) and (0, 2, 3); any other draws nothing.
+ * texture, pipeline: as for BRSL_DrawTexturedPoly. split: 0 stores the vertices in slots 0 to 3 and draws
+ * one polygon; 1 draws the triangles (0, 1, 2) and (0, 2, 3), each stored in slots 0 to 2; any other
+ * stores and draws nothing.
  */
 BRSL_API void BRSL_CALL BRSL_DrawSpriteQuad(const BRSL_SurfaceDesc *texture, int32_t x0, int32_t y0,
                                             int32_t tu0, int32_t tv0, int32_t x1, int32_t y1,
