@@ -2,8 +2,8 @@
 // whatever the numbers, calls are prompt and keep to the viewport.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstring>
+#include <ctime>
 
 #include "brisal/brisal.h"
 #include "support/cases.h"
@@ -96,7 +96,7 @@ TEST(Clipping, ShowsTheUnclippedDrawingCutToTheViewport) {
 TEST(Clipping, AnyNumbersArePromptAndKeepToTheViewport) {
   constexpr int32_t kNumbers[] = {INT32_MIN, INT32_MIN + 1, -(1 << 30),    -32769,   -1, 0, 20, 40,
                                   32768,     1 << 30,       INT32_MAX - 1, INT32_MAX};
-  const auto start = std::chrono::steady_clock::now();
+  const std::clock_t start = std::clock();
   for (const Function &function : Functions()) {
     if (function.family >= Family::kText) continue;  // these have records and numbers of their own
     if (!std::strpbrk(function.kinds, "xr") || function.kinds[0] == 'A') continue;
@@ -114,7 +114,7 @@ TEST(Clipping, AnyNumbersArePromptAndKeepToTheViewport) {
       ASSERT_EQ(Difference(actual, expected), "") << Describe(c);
     }
   }
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 20) << "seconds of the processor";
 }
 
 }  // namespace
