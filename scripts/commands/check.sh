@@ -3,7 +3,7 @@
 
 sources() {
   local folders=() folder
-  for folder in include src host tools tests bench examples fuzz docs; do
+  for folder in include src host tools tests bench examples fuzz docs web; do
     [[ -d $root/$folder ]] && folders+=("$root/$folder")
   done
   find "${folders[@]}" -type f '(' -name '*.cc' -o -name '*.c' -o -name '*.h' ')' -print0
