@@ -14,6 +14,9 @@ program_of() {
     ninja-build) echo ninja ;;
     clang) echo clang++ ;;
     binutils) echo objdump ;;
+    emscripten) echo emcc ;;
+    nodejs) echo node ;;
+    abigail-tools) echo abidiff ;;
     lib*) echo '' ;;
     *) echo "$1" ;;
   esac
