@@ -1,12 +1,10 @@
-// What the drawing calls must never do: touch memory outside their rows, or allocate.
+// What the drawing calls must never do: touch memory outside their rows.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "support/cases.h"
 #include "support/fenced_page.h"
-#include "support/sanitizers.h"
 #include "support/switch_states.h"
 
 namespace {
@@ -117,61 +115,3 @@ TEST(Fences, MemoryFunctionsKeepToTheirBytes) {
 }
 
 }  // namespace
-
-#if !BRISAL_SANITIZED && defined(__GLIBC__)
-
-static bool counting = false;
-static int allocations = 0;
-
-extern "C" {
-void *__libc_malloc(size_t size);
-void *__libc_calloc(size_t count, size_t size);
-void *__libc_realloc(void *block, size_t size);
-
-void *malloc(size_t size) {
-  allocations += counting;
-  return __libc_malloc(size);
-}
-void *calloc(size_t count, size_t size) {
-  allocations += counting;
-  return __libc_calloc(count, size);
-}
-void *realloc(void *block, size_t size) {
-  allocations += counting;
-  return __libc_realloc(block, size);
-}
-}
-
-// Each blur takes one block for its copy of the picture.
-static int Blurs(const Case &c) {
-  const Function *blur = FunctionNamed("BRSL_FillRect_Blur");
-  return static_cast<int>(std::count_if(c.calls.begin(), c.calls.end(),
-                                        [&](const Call &call) { return call.function == blur; }));
-}
-
-TEST(Allocation, OnlyWhileTheViewportGrows) {
-  counting = true;
-  void *volatile block = std::malloc(1);
-  std::free(block);
-  EXPECT_EQ(allocations, 1) << "the counter works";
-  for (int round = 0; round < 2; round++) {
-    for (int family = 0; family < kFamilyCount; family++) {
-      // The host's memory is counted by the tests of fonts.
-      if (family == static_cast<int>(Family::kFonts)) continue;
-      if (family == static_cast<int>(Family::kCompression)) continue;
-      for (uint64_t seed = 0; seed < 300; seed++) {
-        counting = false;
-        const Case c = RandomCase(static_cast<Family>(family), seed);
-        Scene scene(c.layout, Painter::kLibrary);
-        allocations = 0;
-        counting = round == 1;
-        scene.UseInLibrary();
-        for (const Call &call : c.calls) call.function->library(scene, call.args);
-        counting = false;
-        ASSERT_LE(allocations, Blurs(c)) << Describe(c);
-      }
-    }
-  }
-}
-
-#endif
