@@ -97,6 +97,7 @@ TEST(SpanLists, WorkedValues) {
   }
   CreateSpanCollision_Ellipse(&list.head, 10, 10, 5, 1);
   EXPECT_TRUE(list.head.count == 2 && list.head.top == 10 && list.head.bottom == 11);
+  EXPECT_EQ(BRSL_GetVertexBufferModulo(), 32);
 }
 
 // A picture in which one half of the pixels, in runs, has the mask colour.

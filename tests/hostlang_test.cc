@@ -177,6 +177,10 @@ TEST(Maths, Wrapping) {
   EXPECT_TRUE(std::isnan(TQ_WrapValue(0, 1, kNan)));
 }
 
+TEST(TestString, IsTheDocumentedText) {
+  EXPECT_STREQ(TQ_TestString(), "0123456789abcdef0123456789abcdef");
+}
+
 TEST(RandomNumbers, FollowTheGenerator) {
   reference::Generator atLoad = Seeded(30903, 0);
   EXPECT_EQ(numbersAtLoad, Numbers([&](float max) { return atLoad.Draw(max); }));
