@@ -1,14 +1,16 @@
 // What the library takes of the C library's memory, and what it does where there is none.
+#include <cstdlib>  // and with it __GLIBC__
+
+#include "support/sanitizers.h"
+
+#if !BRISAL_SANITIZED && defined(__GLIBC__)
+
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "support/cases.h"
-#include "support/sanitizers.h"
-
-#if !BRISAL_SANITIZED && defined(__GLIBC__)
 
 static bool counting = false;
 static bool refusing = false;  // to the library alone; the tests and their host go on

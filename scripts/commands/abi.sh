@@ -1,7 +1,7 @@
 # compare exports, signatures and records with the committed interface (--refresh writes it)
 # shellcheck shell=bash
 
-# Without optimisation: the types are those of every build, and link-time optimisation blurs them.
+# Of the unoptimised build, which ./dev test makes anyway: exports and types are those of every build.
 abi_dump() {
   build debug brisal -DBRISAL_TESTS=OFF
   abidw --headers-dir "$root/include" --drop-private-types --exported-interfaces-only \

@@ -4,7 +4,7 @@
 coverage_command() {
   [[ $# -eq 0 ]] || fail "coverage has no options"
   need "${build_packages[@]}" libgtest-dev gcovr
-  local pages=$root/out/coverage
+  local pages=$root/out/coverage failed=no
   # Counts of earlier runs would be added to.
   mkdir -p "$root/build/coverage"
   find "$root/build/coverage" -name '*.gcda' -delete
@@ -14,7 +14,9 @@ coverage_command() {
   rm -rf "$pages" && mkdir -p "$pages"
   (cd "$root" && gcovr --root src --object-directory build/coverage/src build/coverage/src \
     --txt "$pages/summary.txt" --html-details "$pages/index.html" --fail-under-line 98) ||
-    fail "the tests reach too few lines: see $pages/index.html"
+    failed=yes
+  # The files with lines that are not reached.
   awk 'NF > 4 || $1 == "TOTAL"' "$pages/summary.txt"
+  [[ $failed == no ]] || fail "the tests reach less than 98 % of the lines: see $pages/index.html"
   step "Done in $SECONDS s. Open $pages/index.html"
 }
