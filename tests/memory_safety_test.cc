@@ -1,8 +1,6 @@
 // What the drawing calls must never do: touch memory outside their rows.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "support/cases.h"
 #include "support/fenced_page.h"
 #include "support/switch_states.h"
