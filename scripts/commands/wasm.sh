@@ -10,7 +10,7 @@ wasm_module() {
   (cd "$root" && unset EM_CACHE && export NODE_PATH=/usr/share/nodejs &&
     emcmake cmake -Wno-dev -S web -B build/wasm/module -G Ninja -DCMAKE_BUILD_TYPE=Release \
       >/dev/null &&
-    cmake --build build/wasm/module --target brisal_web) || fail "the module could not be built"
+    cmake --build build/wasm/module --target brisal_web brisal_hash) || fail "the module could not be built"
 }
 
 wasm_site() {
@@ -23,6 +23,13 @@ wasm_site() {
     "$root/build/wasm/module/interface/brisal.json" "$site"
   "$root/build/release/tools/brisal" font make /usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf \
     --size 40 -o "$site/text.crf" >/dev/null || fail "there is no font for the page"
+}
+
+wasm_hash() {
+  step "Comparing the gallery's hash"
+  local hash
+  hash=$(node --no-experimental-fetch "$root/build/wasm/module/brisal/tools/gallery/brisal_hash.js") &&
+    [[ $hash == "$(<"$root/tests/gallery_hash.txt")" ]] || fail "the hash of the gallery differs: $hash"
 }
 
 wasm_test() {
@@ -51,6 +58,7 @@ wasm_command() {
   [[ $# -eq 0 ]] || fail "unknown option '$1' (wasm has --serve [PORT])"
   need "${build_packages[@]}" "${wasm_packages[@]}"
   wasm_module
+  wasm_hash
   wasm_site "$site"
   wasm_test "$site"
   step "Done in $SECONDS s. ./dev wasm --serve shows the page; pictures of it are in $root/out/web"
