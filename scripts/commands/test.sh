@@ -1,14 +1,17 @@
 # install what is missing, build, run every test (--preset NAME: that preset's alone)
 # shellcheck shell=bash
 
-# The digest is one number for every compiler and optimisation level.
+# The digest and the gallery's hash are the same for every compiler and optimisation level.
 digest_of() {
   build "$1" brisal_digest -DBRISAL_TESTS=ON
-  local program
-  program=$(find "$root/build/$1" -name brisal_digest -type f -perm -u+x -print -quit)
-  step "Comparing the digest ($1)"
-  "$program" || fail "the digest of the $1 build differs"
+  build "$1" brisal_hash
+  step "Comparing the digest and the gallery's hash ($1)"
+  "$(program_in "$1" brisal_digest)" || fail "the digest of the $1 build differs"
+  "$(program_in "$1" brisal_hash)" "$root/tests/gallery_hash.txt" ||
+    fail "the gallery's hash of the $1 build differs"
 }
+
+program_in() { find "$root/build/$1" -name "$2" -type f -perm -u+x -print -quit; }
 
 columns() {
   step "Looking for wide instructions"
@@ -33,5 +36,5 @@ test_command() {
   digest_of clang
   digest_of debug
   columns
-  step "All tests passed in $SECONDS s: release, digest with Clang and at -O0, columns"
+  step "All tests passed in $SECONDS s: release, digest and hash with Clang and at -O0, columns"
 }
