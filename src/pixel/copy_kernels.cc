@@ -55,6 +55,7 @@ struct CopySpans {
           continue;
         }
       }
+      // Paths along a row of the texture may be stretched ones, which permute whole vectors.
       if constexpr (F::kBytes != 3) {
         if (path.dv != 0 && HasNearRows(path)) {
           Combine<VectorBytes>(path, n, pixels, Texels<F, VectorBytes>(path));
