@@ -1,8 +1,12 @@
 // What the drawing calls must never do: touch memory outside their rows.
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <vector>
+
 #include "support/cases.h"
 #include "support/fenced_page.h"
+#include "support/recording_host.h"
 #include "support/switch_states.h"
 
 namespace {
@@ -96,6 +100,32 @@ TEST(Fences, TexturesKeepToTheirTexels) {
     }
   }
   TPD_Free(pipeline);
+}
+
+// A row's list without runs may be the last thing that a glyph holds.
+TEST(Fences, GlyphsKeepToTheirBlocks) {
+  FencedPage glyph;
+  RecordingHost host;
+  GCF_Retrieve(&RecordingHost::Record());
+  const int32_t words[] = {38, 5, 1, 8, 0, 1, 32, 32, 4};
+  uint8_t *const block = glyph.End() - words[0];
+  std::memcpy(block, words, sizeof words);
+  CRF_Font *const font = CRF_Alloc(1);
+  ASSERT_NE(font, nullptr);
+  CRF_SetChrDepth(font, 8);
+  CRF_SetMaxChrSize(font, 32, 32);
+  CRF_SetChrBmp(font, 0, block);
+  std::vector<uint8_t> pixels(64 * 4);
+  for (int32_t state : SwitchStates()) {
+    BRSL_SetMMXState(state);
+    for (int32_t format = 1; format <= 5; format++) {
+      BRSL_SetBuffer(pixels.data(), 64 * 4, format);
+      BRSL_SetBufferViewPort(0, 0, 64, 1);
+      CRF_Draw(font, "", 1, 0, 0, 0xFFFFFFFF);
+    }
+  }
+  CRF_Free(font);
+  EXPECT_EQ(pixels, std::vector<uint8_t>(64 * 4));
 }
 
 TEST(Fences, MemoryFunctionsKeepToTheirBytes) {

@@ -37,8 +37,9 @@ struct DrawInWindows {
                                           const RunList &runs, const uint8_t *pixels, uint8_t *to,
                                           const R<VectorBytes> &rule) {
     const int32_t count = runs.Count();
+    if (count <= 0) return false;
     const int32_t first = runs.Start(0);
-    if (count <= 0 || first < part.left || first + kWindow > part.right) return false;
+    if (first < part.left || first + kWindow > part.right) return false;
     Window window;
     for (int32_t i = 0; i < count; ++i) {
       const auto lane = static_cast<uint32_t>(runs.Start(i) - first);
