@@ -44,12 +44,14 @@ struct Scaling {
   int32_t width;
   int32_t height;
   int32_t factor;
-  int32_t firstColumn;  // that the destination's viewport shows
+  int32_t firstColumn;     // that the destination's viewport shows
+  bool backwards = false;  // the source's width is negative
 };
 
-constexpr Scaling kScalings[] = {{1, 1, 2, 0},  {2, 3, 2, 1},   {9, 2, 2, 0},   {17, 2, 2, 3},
-                                 {33, 3, 3, 1}, {40, 2, 1, 0},  {64, 2, 4, 5},  {130, 3, 2, 1},
-                                 {70, 2, 2, 0}, {600, 2, 2, 0}, {520, 2, 2, 7}, {300, 2, 8, 9}};
+constexpr Scaling kScalings[] = {
+    {1, 1, 2, 0},   {2, 3, 2, 1},   {9, 2, 2, 0},       {17, 2, 2, 3},      {33, 3, 3, 1},
+    {40, 2, 1, 0},  {64, 2, 4, 5},  {130, 3, 2, 1},     {70, 2, 2, 0},      {600, 2, 2, 0},
+    {520, 2, 2, 7}, {300, 2, 8, 9}, {9, 2, 4, 0, true}, {40, 2, 3, 1, true}};
 
 TEST(Scaling, ByWholeFactors) {
   for (const Scaling &scaling : kScalings) {
@@ -62,6 +64,7 @@ TEST(Scaling, ByWholeFactors) {
           Sheet target(format, scaling.width * scaling.factor, scaling.height * scaling.factor, 2);
           BRSL_SurfaceDesc from = source.Surface(), to = target.Surface();
           to.viewLeft = scaling.firstColumn;
+          if (scaling.backwards) from.width = -from.width;
           draw(&from, &to, mode);
           return target.Bytes();
         };

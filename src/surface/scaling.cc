@@ -132,12 +132,12 @@ class ViewSampler {
   }
 
   // Whether the columns of n pixels, and as many to the right of each, are all in the view, and
-  // their coordinates no wider than the fetch takes them.
+  // their coordinates no wider than the fetch takes them. A source of negative width is read backwards.
   bool Shows(int64_t x, int64_t n, int right) const {
-    const int64_t last = ((x + n - 1) * xStep_ >> 16) + right;
+    const auto [first, last] = std::minmax({x * xStep_ >> 16, (x + n - 1) * xStep_ >> 16});
     return fetch_ != nullptr && source_.width <= kLargestSource &&
-           source_.height <= kLargestSource && last < kLargestSource &&
-           view_.ContainsColumn(x * xStep_ >> 16) && view_.ContainsColumn(last);
+           source_.height <= kLargestSource && last + right < kLargestSource &&
+           view_.ContainsColumn(first) && view_.ContainsColumn(last + right);
   }
 
   void Fetch(int64_t u, int64_t v, int n, uint32_t *colours) {

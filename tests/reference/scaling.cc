@@ -26,6 +26,7 @@ uint32_t WeighedPixel(const BRSL_SurfaceDesc *src, int64_t u, int64_t v) {
 
 void ScaleSurface(const BRSL_SurfaceDesc *src, BRSL_SurfaceDesc *dst, int32_t mode) {
   if (mode != 0 && mode != 1 && mode != 1111) return;
+  if (mode == 1 && (src->width < 1 || src->height < 1)) return;
   for (int64_t y = 0; y < dst->height; y++) {
     for (int64_t x = 0; x < dst->width; x++) {
       const int64_t u = x * (int64_t{src->width} * 65536 / dst->width);
