@@ -1169,7 +1169,9 @@ BRSL_API int32_t BRSL_CALL TPD_Free(TPD_Pipeline *pipeline);
  * Appends a texel effect to pipeline while it has fewer than 32; null is ignored.
  * code: see above; not checked, codes without an effect do nothing, and 0 ends the chain. inputBuffer,
  * outputBuffer: TPD_TEXELS or TPD_GOURAUD (bit 0 counts). a, b, c, d: the arguments; d is not used.
- * Without Gouraud colours in the pipeline their buffer holds those of the last span that had them.
+ * Entry i of either buffer belongs to texel i of the span, not counting those that were cut out. The
+ * Gouraud buffer outlasts spans and calls: where the pipeline makes no colours for it, effects find what
+ * spans before them left in its entries, 0 at first. Of spans with more texels it keeps 4096 entries.
  * Returns 0.
  */
 BRSL_API int32_t BRSL_CALL TPD_AddTexelEffect(TPD_Pipeline *pipeline, int32_t code,

@@ -1,15 +1,24 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace brisal {
 
-// The Gouraud colours of the span being drawn, pixel by pixel. They stay after the call: effects that
-// read them in a pipeline without Gouraud colours find the last ones. Wider spans wrap around.
-struct GouraudBuffer {
+// The Gouraud colours of the span being drawn, one for each texel that was not cut out. They stay after
+// the call: effects that read them in a pipeline without Gouraud colours find the last ones.
+class GouraudBuffer {
+ public:
+  static constexpr int kPiece = 256;
+
+  // The entries of as many as kPiece texels from the `first` of the span on. Those of texels beyond the
+  // last entry that is kept share a place behind it.
+  uint32_t *From(int64_t first) { return colours_ + std::min<int64_t>(first, kEntries); }
+
+ private:
   static constexpr int kEntries = 4096;
 
-  uint32_t colour[kEntries] = {};
+  uint32_t colours_[kEntries + kPiece] = {};
 };
 
 }  // namespace brisal

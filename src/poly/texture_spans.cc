@@ -1,6 +1,7 @@
 #include "poly/texture_spans.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "pixel/blit_kernels.h"
 #include "pixel/format.h"
@@ -10,7 +11,7 @@
 namespace brisal {
 namespace {
 
-static_assert(GouraudBuffer::kEntries % kPiece == 0);
+static_assert(GouraudBuffer::kPiece == kPiece);
 
 TexelPath PathOf(const Surface &texture) {
   TexelPath path = {};
@@ -23,6 +24,28 @@ TexelPath PathOf(const Surface &texture) {
   return path;
 }
 
+// Moves what belongs to the runs together, to where `packed` begins. Returns how many there are.
+int PackRuns(const TexelRuns &runs, const uint32_t *values, uint32_t *packed) {
+  int count = 0;
+  for (int r = 0; r < runs.count; ++r) {
+    const TexelRun &run = runs.run[r];
+    std::memmove(packed + count, values + run.start,
+                 sizeof *packed * static_cast<size_t>(run.length));
+    count += run.length;
+  }
+  return count;
+}
+
+// Moves what was packed back to where it came from.
+void UnpackRuns(const TexelRuns &runs, int count, uint32_t *values) {
+  for (int r = runs.count; r-- > 0;) {
+    const TexelRun &run = runs.run[r];
+    count -= run.length;
+    std::memmove(values + run.start, values + count,
+                 sizeof *values * static_cast<size_t>(run.length));
+  }
+}
+
 // Draws the spans of one call: texels are fetched, shaded, changed and written piece by piece.
 class TexturePainter {
  public:
@@ -33,6 +56,7 @@ class TexturePainter {
         gouraud_(gouraud),
         path_(PathOf(texture)),
         keepsTarget_((pipeline.maskFlag & 1) != 0),
+        usesShades_(UsesShades()),
         pixelBytes_(BytesPerPixel(canvas.target.format)),
         maskPacked_(PackColour(path_.texelKey, canvas.target.format)) {
     const bool compressed = pipeline.maskCompression == 1;
@@ -92,6 +116,7 @@ class TexturePainter {
     if (width < 1) return;
     // A span of nothing but mask colour draws nothing, even where gaps are filled with it.
     if (fillsGaps_ && findMaskRow_(PathAt(span, 0), width, 1) == 0) return;
+    shaded_ = 0;
     for (int64_t first = 0; first < width; first += kPiece) {
       DrawPiece(span, first, static_cast<int>(std::min<int64_t>(width - first, kPiece)));
     }
@@ -102,11 +127,22 @@ class TexturePainter {
            pipeline_.outputEffect == 1 && pipeline_.filterFlag == 0 && EffectCount() == 0;
   }
 
-  // Whether texels reach the target as they are stored. Those of 5:5:5 lose a bit on the way.
+  // Whether texels reach the target as they are stored and leave nothing behind. Those of 5:5:5 lose a
+  // bit on the way.
   bool CopiesStored(const Surface &texture) const {
+    if (IsDirect(texture)) return true;
     const bool plain = !keepsTarget_ || texture.format != BRSL_FORMAT_A32;
     return plain && texture.format == canvas_.target.format && texture.format != BRSL_FORMAT_555 &&
-           OutputOf(texture) == Output::kPlain && pipeline_.filterFlag != 1 && EffectCount() == 0;
+           OutputOf(texture) == Output::kPlain && pipeline_.filterFlag != 1 &&
+           pipeline_.gouraudState != 1 && EffectCount() == 0;
+  }
+
+  bool UsesShades() const {
+    const TPD_TexelEffect *const end = pipeline_.effects + EffectCount();
+    return pipeline_.gouraudState == 1 ||
+           std::any_of(pipeline_.effects, end, [](const TPD_TexelEffect &effect) {
+             return ((effect.input | effect.output) & 1) == TPD_GOURAUD;
+           });
   }
 
   int EffectCount() const {
@@ -144,15 +180,28 @@ class TexturePainter {
     TexelRuns runs;
     const TexelPath path = PathAt(span, first);
     fetch_(&path, n, texels, &runs);
-    if (runs.count > 0) {
-      uint32_t *shades = gouraud_.colour + first % GouraudBuffer::kEntries;
-      if (pipeline_.gouraudState == 1) ramp_(&span, first, n, shades);
-      ApplyEffects(texels, shades, n);
-    }
+    if (runs.count > 0) ChangeTexels(span, first, n, runs, texels);
     uint8_t *pixels = canvas_.target.Row(span.y) + ByteOffset(span.left + first, pixelBytes_);
     if (fillsGaps_) FillGaps(runs, pixels, n);
     const uint32_t level = static_cast<uint32_t>(pipeline_.outputLevel);
     if (runs.count > 0) output_(texels, &runs, pixels, level);
+  }
+
+  void ChangeTexels(const Span &span, int64_t first, int n, const TexelRuns &runs,
+                    uint32_t *texels) {
+    if (!usesShades_) return ApplyEffects(texels, nullptr, n);
+    // What belongs to the span is packed, as entries of the buffer outlive it.
+    const bool hasGaps = runs.run[0].length < n;
+    const int shown = hasGaps ? PackRuns(runs, texels, texels) : n;
+    uint32_t *const shades = gouraud_.From(shaded_);
+    if (pipeline_.gouraudState == 1) {
+      uint32_t ramp[kPiece];
+      ramp_(&span, first, n, hasGaps ? ramp : shades);
+      if (hasGaps) PackRuns(runs, ramp, shades);
+    }
+    ApplyEffects(texels, shades, shown);
+    if (hasGaps) UnpackRuns(runs, shown, texels);
+    shaded_ += shown;
   }
 
   void ApplyEffects(uint32_t *texels, uint32_t *shades, int n) const {
@@ -186,6 +235,7 @@ class TexturePainter {
   GouraudBuffer &gouraud_;
   TexelPath path_;
   bool keepsTarget_;
+  bool usesShades_;
   bool keyed_;
   bool fillsGaps_;
   int pixelBytes_;
@@ -195,6 +245,7 @@ class TexturePainter {
   MaskKernel findMaskRow_;
   BlockKernel fillGap_;
   RampKernel ramp_;
+  int64_t shaded_ = 0;         // texels of the span so far
   CopyKernel copy_ = nullptr;  // where texels need no stages in between
 };
 

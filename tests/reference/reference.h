@@ -223,6 +223,7 @@ class Reference : public Buffer {
   Scene_Vertex Mapped(const Scene_Record *r, int k, int32_t dx, int32_t dy) const;
 
   std::array<Vertex, 8> vertices_;
+  std::vector<uint32_t> gouraud_;  // of the last texels that were not cut out, span by span
   int32_t *rowTable_ = nullptr;
   uint8_t *nodePool_ = nullptr;
   Generator generator_;

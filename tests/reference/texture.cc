@@ -47,14 +47,14 @@ uint32_t Effect(const TPD_TexelEffect &e, uint32_t in, uint32_t out) {
   }
 }
 
-// A texel after the effects of a pipeline, next to its Gouraud colour.
-uint32_t AfterEffects(const TPD_Pipeline &p, uint32_t texel, uint32_t gouraud) {
-  uint32_t buffers[2] = {texel, gouraud};
+// A texel after the effects of a pipeline, which change its Gouraud colour too.
+uint32_t AfterEffects(const TPD_Pipeline &p, uint32_t texel, uint32_t &gouraud) {
+  uint32_t *const buffers[2] = {&texel, &gouraud};
   for (int i = 0; i < p.effectCount && p.effects[i].code != 0; i++) {
     const TPD_TexelEffect &e = p.effects[i];
-    buffers[e.output & 1] = Effect(e, buffers[e.input & 1], buffers[e.output & 1]);
+    *buffers[e.output & 1] = Effect(e, *buffers[e.input & 1], *buffers[e.output & 1]);
   }
-  return buffers[TPD_TEXELS];
+  return texel;
 }
 
 uint32_t GouraudColour(const TexturedRow &row, int64_t i) {
@@ -100,6 +100,7 @@ void Reference::TexturedSpan(const BRSL_SurfaceDesc &texture, const TPD_Pipeline
   bool allCut = compression;
   for (int64_t i = 0; i < width; i++) allCut &= stored(i) == StoredMask(texture);
   if (allCut) return;
+  size_t shown = 0;
   for (int64_t i = 0; i < width; i++) {
     const int64_t x = row.left + i, u = row.u + i * row.du, v = row.v + i * row.dv;
     if (compression && stored(i) == StoredMask(texture)) {
@@ -108,7 +109,9 @@ void Reference::TexturedSpan(const BRSL_SurfaceDesc &texture, const TPD_Pipeline
     }
     const uint32_t texel = p.filterFlag ? FilteredTexel(texture, u, v, compression)
                                         : Widened(texture.format, stored(i));
-    const uint32_t gouraud = p.gouraudState ? GouraudColour(row, i) : 0;
+    if (gouraud_.size() <= shown) gouraud_.resize(shown + 1);
+    uint32_t &gouraud = gouraud_[shown++];
+    if (p.gouraudState && !direct) gouraud = GouraudColour(row, i);
     PlotTexel(p, texture.format == 5, x, row.y, AfterEffects(p, texel, gouraud));
   }
 }

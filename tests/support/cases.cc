@@ -141,16 +141,6 @@ std::vector<Call> RandomPipeline(Random &random, const SceneLayout &scene) {
   return calls;
 }
 
-// The Gouraud buffer holds what a call before left in it unless the pipeline makes Gouraud colours.
-void KeepToTexelsWithoutGouraud(std::vector<Call> &calls) {
-  bool gouraud = false;
-  for (Call &call : calls) {
-    const std::string name = call.function->name;
-    if (name == "TPD_UpdateSpriteDrawMode" && call.args[0]) gouraud = call.args[1] & 0x380;
-    if (name == "TPD_AddTexelEffect" && !gouraud) call.args[2] = call.args[3] = 0;
-  }
-}
-
 // Names of functions that have something to work on after others.
 struct Sequence {
   Family family;
@@ -208,6 +198,5 @@ Case RandomCase(Family family, uint64_t seed) {
     c.calls.push_back(RandomCallOf(random, function, c.layout, extreme));
     AddSequel(random, c.layout, c.calls, extreme);
   }
-  KeepToTexelsWithoutGouraud(c.calls);
   return c;
 }

@@ -31,6 +31,21 @@ std::unique_ptr<TPD_Pipeline, void (*)(TPD_Pipeline *)> MakePipeline(Painter pai
   return {new TPD_Pipeline(reference::Pipeline()), [](TPD_Pipeline *p) { delete p; }};
 }
 
+// Zeroes the Gouraud colours, which effects may find though no span of theirs made any.
+void ClearGouraudColours() {
+  constexpr int32_t kEntries = 4096;
+  constexpr int32_t kFill = 10;
+  static uint32_t row[kEntries];
+  BRSL_SetBuffer(row, sizeof row, BRSL_FORMAT_X32);
+  BRSL_SetBufferViewPort(0, 0, kEntries, 1);
+  const auto texture = BRSL_AllocSurfaceDesc(BRSL_FORMAT_X32, row, sizeof row, kEntries, 1);
+  const auto pipeline = MakePipeline(Painter::kLibrary);
+  TPD_SetMaskCompression(pipeline.get(), 0);
+  TPD_AddTexelEffect(pipeline.get(), kFill, TPD_TEXELS, TPD_GOURAUD, 0, 0, 0, 0);
+  BRSL_DrawTexture(texture, 0, 0, pipeline.get());
+  BRSL_FreeSurfaceDesc(texture);
+}
+
 }  // namespace
 
 Scene::Scene(const SceneLayout &layout, Painter painter)
@@ -55,6 +70,7 @@ Scene::Scene(const SceneLayout &layout, Painter painter)
 }
 
 void Scene::UseInLibrary() {
+  ClearGouraudColours();
   Target(target);
   const auto use = [](auto set, const reference::Buffer &b) { set(b.address, b.pitch, b.format); };
   use(BRSL_SetSrcBuffer, reference.source);

@@ -14,8 +14,8 @@ class Scene {
  public:
   Scene(const SceneLayout &layout, Painter painter);
 
-  // Makes the pictures the library's buffers, with the target's viewport and ink alpha and an empty
-  // vertex list.
+  // Makes the pictures the library's buffers, with the target's viewport and ink alpha, an empty
+  // vertex list and no Gouraud colours.
   void UseInLibrary();
 
   BRSL_SurfaceDesc *SurfaceAt(int number) { return number ? surfaces_[number - 1].get() : nullptr; }
