@@ -121,6 +121,23 @@ TEST(Textures, TexturedQuadLeavesOutTheLastColumnAndRow) {
   EXPECT_EQ(Difference(scene.target, expected), "");
 }
 
+// The polygon after it begins with the texel that is left, as its corner stays in the vertex list.
+TEST(Textures, OneVertexIsClampedButNotDrawn) {
+  Scene scene({.target = Sheet(4, 20, 20, 1), .source = Sheet(4, 16, 16, 2)}, Painter::kLibrary);
+  const Picture before = scene.target;
+  scene.UseInLibrary();
+  const Pipeline plain(0);
+  const BRSL_SurfaceDesc *const texture = scene.SurfaceAt(1);
+  BRSL_QuadT(nullptr, 2, 2, 15, 15, 12, 2, 15, 15, 12, 12, 15, 15, 2, 12, 15, 15, plain.get());
+  BRSL_SurfaceDesc corner = *texture;
+  corner.width = 4;
+  corner.height = 7;
+  BRSL_DrawTexturedPoly(&corner, 1, plain.get());
+  EXPECT_EQ(scene.target.Bytes(), before.Bytes());
+  BRSL_DrawTexturedPoly(texture, 4, plain.get());
+  EXPECT_EQ(scene.target.ColourAt(2, 2), scene.source.ColourAt(3, 6));
+}
+
 TEST(Textures, WithoutSizeOrPartsDrawNothing) {
   const Pipeline plain(0);
   for (int32_t without : {0, 1, 2, 3}) {

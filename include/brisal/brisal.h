@@ -1227,19 +1227,20 @@ BRSL_API TPD_Pipeline *BRSL_CALL TPD_BuildSpriteDrawMode(uint32_t spriteMode, ui
 
 /* ---- Textured polygons ---------------------------------------------------------------------
  *
- * Textures are mapped in straight lines, without perspective. Texel coordinates are clamped to the
- * texture (0 .. width - 1, 0 .. height - 1, in the vertex list itself) and stepped in 16.16 down the
- * edges and across each row; like colours they are not restarted at a vertex. A null texture or
- * pipeline draws nothing, nor does a texture without width or height or of a format outside 1-5.
- * Columns and rows of a texture beyond 32767 are not reached. The
- * viewport of the texture's descriptor does not matter. The caller guarantees that the texture's
- * pixels may be read, and that they are not the target's.
+ * Textures are mapped in straight lines, without perspective. Texel coordinates of a polygon that may
+ * show are clamped to the texture (0 .. width - 1, 0 .. height - 1, in the vertex list itself), and
+ * stepped in 16.16 down the edges and across each row; like colours they are not restarted at a vertex.
+ * A null texture or pipeline draws nothing, nor does a texture without width or height or of a format
+ * outside 1-5. Columns and rows of a texture beyond 32767 are not reached. The viewport of the texture's
+ * descriptor does not matter. The caller guarantees that the texture's pixels may be read, and that
+ * they are not the target's.
  */
 
 /*
  * Draws the textured polygon that the first count slots of the vertex list hold (x, y, u, v and, where
  * the pipeline makes Gouraud colours, colour).
- * texture: a surface. count: 2-8; any other draws nothing. pipeline: how texels become pixels.
+ * texture: a surface. count: 2-8; any other draws nothing, though 1 clamps u and v of a slot 0 that the
+ * viewport holds. pipeline: how texels become pixels.
  * u and v start at the texel's corner, so a row shows the texels up to, but not including, the one at
  * its excluded right end.
  */

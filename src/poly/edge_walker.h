@@ -67,10 +67,10 @@ class Chain {
   int64_t end_ = 0;
 };
 
-// A polygon of the vertex list that may show in the view.
+// A polygon of the vertex list that may show in the view. A single vertex has bounds, but no edges.
 struct Polygon {
   Polygon(const VertexList &vertices, int vertexCount) : list(vertices), count(vertexCount) {
-    if (count < 2 || count > VertexList::kSlots) return;
+    if (count < 1 || count > VertexList::kSlots) return;
     top = GetPolyBounds(list.x, list.y, count, &bounds);
     drawable = true;
   }

@@ -90,7 +90,7 @@ int64_t ToPixel(int64_t x, bool clip) { return clip ? x / 65536 : x >> 16; }
 }  // namespace
 
 bool Reference::ReachesViewport(int count) const {
-  if (count < 2 || count > 8) return false;
+  if (count < 1 || count > 8) return false;
   const auto first = vertices_.begin(), last = first + count;
   const auto [leftmost, rightmost] = std::minmax_element(first, last, kByX);
   const auto [topmost, lowest] = std::minmax_element(first, last, kByY);
