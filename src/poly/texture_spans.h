@@ -17,6 +17,6 @@ void DrawTexturedSpans(const Canvas &canvas, const Surface &texture, const Span 
 // Copies the texels that lie on a part of the target when the texture's first one is at (x, y). False,
 // and nothing is drawn, where the pipeline makes more of them than a copy.
 bool CopyTexture(const Canvas &canvas, const Surface &texture, const Viewport &part, int64_t x,
-                 int64_t y, const Pipeline &pipeline, GouraudBuffer &gouraud);
+                 int64_t y, const Pipeline &pipeline);
 
 }  // namespace brisal

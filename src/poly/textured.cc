@@ -157,7 +157,7 @@ void DrawTexture(const Canvas &canvas, const TextureWork &work, const Surface *t
                          static_cast<int32_t>(std::min<int64_t>(x + width, view.right)),
                          static_cast<int32_t>(std::min<int64_t>(y + height, view.bottom))};
   if (part.left >= part.right || part.top >= part.bottom) return;
-  if (CopyTexture(canvas, *texture, part, x, y, *pipeline, work.gouraud)) return;
+  if (CopyTexture(canvas, *texture, part, x, y, *pipeline)) return;
   const int64_t rows = int64_t{part.bottom} - part.top;
   Span *const spans = work.spans.Get<Span>(rows);
   if (spans == nullptr) return;
