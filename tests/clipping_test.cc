@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <ctime>
+#include <vector>
 
 #include "brisal/brisal.h"
 #include "support/cases.h"
@@ -89,6 +90,27 @@ TEST(Clipping, ShowsTheUnclippedDrawingCutToTheViewport) {
       Picture actual = DrawWithLibrary(cut, results).target;
       RestoreOutside(expected, cut.layout.target);
       ASSERT_EQ(Difference(actual, expected), "") << "seed " << seed << ", " << Describe(cut);
+    }
+  }
+}
+
+// Every place and radius around a small viewport, where one radius below 0 moves points to the side
+// that the bounds do not tell of.
+TEST(Clipping, OutlinesOfAnyRadiiKeepToTheViewport) {
+  constexpr int32_t kWidth = 16, kLow = 5, kHigh = 11;
+  const int32_t range = kWidth * kWidth * 49;
+  for (int32_t i = 0; i < range; i++) {
+    const int32_t cx = i % kWidth, cy = i / kWidth % kWidth, radii = i / (kWidth * kWidth);
+    const int32_t rx = radii % 7 - 3, ry = radii / 7 - 3;
+    std::vector<uint32_t> pixels(kWidth * kWidth);
+    BRSL_SetBuffer(pixels.data(), 4 * kWidth, BRSL_FORMAT_X32);
+    BRSL_SetBufferViewPort(kLow, kLow, kHigh, kHigh);
+    BRSL_OpenEllipse(cx, cy, rx, ry, 0xFFFFFF, DRAW_NORMAL);
+    BRSL_OpenEllipse(cx, cy, rx, ry, 0xFFFFFF, DRAW_XOR);
+    for (int32_t at = 0; at < kWidth * kWidth; at++) {
+      const int32_t x = at % kWidth, y = at / kWidth;
+      const bool inside = kLow <= x && x < kHigh && kLow <= y && y < kHigh;
+      ASSERT_TRUE(inside || pixels[at] == 0) << cx << ", " << cy << ", " << rx << ", " << ry;
     }
   }
 }

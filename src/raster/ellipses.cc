@@ -97,8 +97,10 @@ Extent ClassifyEllipse(const Viewport &view, const Ellipse &e) {
       e.cy - e.ry > view.bottom) {
     return Extent::kOutside;
   }
-  const bool inside = e.cx - e.rx >= view.left && e.cx + e.rx < view.right &&
-                      e.cy - e.ry >= view.top && e.cy + e.ry < view.bottom;
+  // With a radius below 0 the bounds change sides, and say nothing of the points of an outline.
+  const bool inside = e.rx >= 0 && e.ry >= 0 && e.cx - e.rx >= view.left &&
+                      e.cx + e.rx < view.right && e.cy - e.ry >= view.top &&
+                      e.cy + e.ry < view.bottom;
   return inside ? Extent::kInside : Extent::kPartly;
 }
 
