@@ -1744,9 +1744,9 @@ BRSL_API void BRSL_CALL CRF_Find_Duplicate_Chr_Buffers(const CRF_Font *font, int
  *        12  4        the value of transparent pixels, compared as a number of 32 bits
  *        16  ...      the pixels, row after row without a gap: a byte each, or four
  *
- * Pixels of the transparent value are left out; rows share run and pixel data of the same bytes. At
- * depth 8 a glyph all of whose pixels are 255 becomes a solid one. A width or height below 1 is an
- * image without pixels.
+ * Pixels of the transparent value are left out. Rows share run and pixel data of the same bytes, but
+ * for those right before their own. At depth 8 a glyph all of whose pixels are 255 becomes a solid one.
+ * A width or height below 1 is an image without pixels.
  * Returns the handle of a block of the host's memory that is the caller's; its address may be given
  * to CRF_SetChrBmp. Returns 0 for another depth, a larger width and when the host has no memory.
  */
