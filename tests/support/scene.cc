@@ -38,12 +38,11 @@ void ClearGouraudColours() {
   static uint32_t row[kEntries];
   BRSL_SetBuffer(row, sizeof row, BRSL_FORMAT_X32);
   BRSL_SetBufferViewPort(0, 0, kEntries, 1);
-  const auto texture = BRSL_AllocSurfaceDesc(BRSL_FORMAT_X32, row, sizeof row, kEntries, 1);
-  const auto pipeline = MakePipeline(Painter::kLibrary);
-  TPD_SetMaskCompression(pipeline.get(), 0);
-  TPD_AddTexelEffect(pipeline.get(), kFill, TPD_TEXELS, TPD_GOURAUD, 0, 0, 0, 0);
-  BRSL_DrawTexture(texture, 0, 0, pipeline.get());
-  BRSL_FreeSurfaceDesc(texture);
+  const auto texture = reference::SurfaceDesc(BRSL_FORMAT_X32, row, sizeof row, kEntries, 1);
+  TPD_Pipeline pipeline = reference::Pipeline();
+  pipeline.maskCompression = 0;
+  TPD_AddTexelEffect(&pipeline, kFill, TPD_TEXELS, TPD_GOURAUD, 0, 0, 0, 0);
+  BRSL_DrawTexture(&texture, 0, 0, &pipeline);
 }
 
 }  // namespace
