@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "core/cpu.h"
 #include "core/ints.h"
 
 namespace brisal {
@@ -32,7 +33,7 @@ struct Canvas {
   Buffer target;
   Viewport viewport;
   uint32_t inkAlpha = 255;
-  bool wide = false;  // run the wide column of the kernel tables
+  Isa isa = Isa::kPlain;  // the column of the kernel tables that is run
 };
 
 }  // namespace brisal

@@ -1,6 +1,6 @@
 #include "core/cpu.h"
 
-#if defined(__x86_64__) || defined(__i386__)
+#if BRISAL_HAS_AVX2
 #include <cpuid.h>
 #include <x86intrin.h>
 #else
@@ -9,7 +9,7 @@
 
 namespace brisal {
 
-#if defined(__x86_64__) || defined(__i386__)
+#if BRISAL_HAS_AVX2
 
 bool HasMmx() {
   unsigned a = 0;
@@ -19,9 +19,9 @@ bool HasMmx() {
   return __get_cpuid(1, &a, &b, &c, &d) != 0 && (d >> 23 & 1) != 0;
 }
 
-bool HasAvx2() {
+Isa BestIsa() {
   __builtin_cpu_init();
-  return __builtin_cpu_supports("avx2") != 0;
+  return __builtin_cpu_supports("avx2") ? Isa::kAvx2 : Isa::kPlain;
 }
 
 uint64_t CycleCount() { return __rdtsc(); }
@@ -30,7 +30,7 @@ uint64_t CycleCount() { return __rdtsc(); }
 
 bool HasMmx() { return false; }
 
-bool HasAvx2() { return false; }
+Isa BestIsa() { return Isa::kPlain; }
 
 uint64_t CycleCount() {
   timespec now = {};

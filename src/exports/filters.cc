@@ -9,29 +9,29 @@ using namespace brisal;
 
 void BRSL_CALL BRSL_PrepareFXSurface(const BRSL_SurfaceDesc *src, BRSL_SurfaceDesc *dst,
                                      int32_t mode) {
-  if (mode == 0) PrepareEffectSurface(instance.canvas.wide, *src, *dst);
+  if (mode == 0) PrepareEffectSurface(instance.canvas.isa, *src, *dst);
 }
 
 void BRSL_CALL BRSL_FillRect_Blur(BRSL_SurfaceDesc *desc, float divisor) {
-  Blur(instance.canvas.wide, *desc, divisor);
+  Blur(instance.canvas.isa, *desc, divisor);
 }
 
 void BRSL_CALL BRSL_FillRect_Fade(BRSL_SurfaceDesc *desc, int32_t percent) {
-  Fade(instance.canvas.wide, *desc, percent);
+  Fade(instance.canvas.isa, *desc, percent);
 }
 
 void BRSL_CALL BRSL_FillRect_GreyScale(BRSL_SurfaceDesc *desc) {
-  GreyScale(instance.canvas.wide, *desc);
+  GreyScale(instance.canvas.isa, *desc);
 }
 
 void BRSL_CALL BRSL_FillRect_Light(BRSL_SurfaceDesc *desc, int32_t cx, int32_t cy, float intensity,
                                    float falloff, int32_t) {
-  LightUp(instance.canvas.wide, *desc, {cx, cy, intensity, falloff});
+  LightUp(instance.canvas.isa, *desc, {cx, cy, intensity, falloff});
 }
 
 void BRSL_CALL BRSL_FillRect_PhongMap(BRSL_SurfaceDesc *desc, int32_t cx, int32_t cy,
                                       uint32_t colour, float intensity, float falloff, int32_t) {
-  PaintLight(instance.canvas.wide, *desc, {cx, cy, intensity, falloff}, colour);
+  PaintLight(instance.canvas.isa, *desc, {cx, cy, intensity, falloff}, colour);
 }
 
 void BRSL_CALL BRSL_MirrorRect(const int32_t *rect, int32_t horizontal, int32_t vertical) {
@@ -40,13 +40,13 @@ void BRSL_CALL BRSL_MirrorRect(const int32_t *rect, int32_t horizontal, int32_t 
 }
 
 void BRSL_CALL BRSL_ScaleSurface(const BRSL_SurfaceDesc *src, BRSL_SurfaceDesc *dst, int32_t mode) {
-  ScaleSurface(instance.canvas.wide, *src, *dst, mode);
+  ScaleSurface(instance.canvas.isa, *src, *dst, mode);
 }
 
 int32_t BRSL_CALL BRSL_CopyRect_MoveMapBlk(const BRSL_SurfaceDesc *src, int32_t x1, int32_t y1,
                                            int32_t x2, int32_t y2, BRSL_SurfaceDesc *dst,
                                            int32_t dx, int32_t dy, uint32_t *rowBuffer,
                                            uint32_t maskColour) {
-  return CopyMapBlock(instance.canvas.wide, *src, {x1, y1, x2, y2}, *dst, dx, dy, rowBuffer,
+  return CopyMapBlock(instance.canvas.isa, *src, {x1, y1, x2, y2}, *dst, dx, dy, rowBuffer,
                       maskColour);
 }

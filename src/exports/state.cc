@@ -17,7 +17,7 @@ Buffer BufferOf(void *address, int32_t pitch, int32_t format) {
 
 void SetSwitch(int32_t on) {
   instance.mmxSwitch = on;
-  instance.canvas.wide = on != 0 && HasAvx2();
+  instance.canvas.isa = on != 0 ? BestIsa() : Isa::kPlain;
 }
 
 bool IsSlot(int32_t index, int slots) { return 0 <= index && index < slots; }

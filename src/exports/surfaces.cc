@@ -51,7 +51,7 @@ void BRSL_CALL BRSL_PokeSurfaceNC(BRSL_SurfaceDesc *desc, int32_t x, int32_t y, 
 void BRSL_CALL BRSL_PeekPixelStrip(const BRSL_SurfaceDesc *desc, int32_t x1, int32_t x2, int32_t y,
                                    uint32_t *out) {
   if (desc == nullptr || out == nullptr) return;
-  ReadRow(instance.canvas.wide, BufferOf(*desc), x1, y, int64_t{x2} - x1, out);
+  ReadRow(instance.canvas.isa, BufferOf(*desc), x1, y, int64_t{x2} - x1, out);
 }
 
 int32_t BRSL_CALL BRSL_PixelRunLength(int32_t x, int32_t y, int32_t xStep, int32_t yStep,

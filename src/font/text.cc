@@ -32,7 +32,7 @@ class GlyphDrawing {
       : canvas_(canvas), depth_(font.depth), ink_(InkOf(font, colour)) {
     if (IsInvisible(font, colour)) return;
     const auto find = [&](GlyphPixels pixels) {
-      return FindGlyphKernel(canvas.wide, canvas.target.format, pixels, RuleOf(font));
+      return FindGlyphKernel(canvas.isa, canvas.target.format, pixels, RuleOf(font));
     };
     if (depth_ == 8 && 0 <= font.drawMode && font.drawMode <= 2) {
       withPixels_ = find(GlyphPixels::kSoft);

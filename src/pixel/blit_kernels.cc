@@ -111,8 +111,8 @@ struct CopyRows {
 using Blits = Kernels<const Transfer &, uint32_t>;
 
 template <class T, class S, class R>
-BlitKernel Pick(bool wide) {
-  return Blits::Of<BlitRows<T, S, R>>().columns[wide];
+BlitKernel Pick(Isa isa) {
+  return Blits::Of<BlitRows<T, S, R>>().For(isa);
 }
 
 // Formats whose pixels are of one size are copied alike.
@@ -122,23 +122,23 @@ using Storage =
 
 // Pixels of one storage, but for the key.
 template <class T>
-BlitKernel PickKeyed(bool wide) {
+BlitKernel PickKeyed(Isa isa) {
   if constexpr (T::kBytes == 3) {
-    return Blits::Of<CombineRows<T, T, KeyedTriples, UnlessMasked>>().columns[wide];
+    return Blits::Of<CombineRows<T, T, KeyedTriples, UnlessMasked>>().For(isa);
   } else {
-    return Blits::Of<CombineRows<T, T, Pixels<T>, UnlessKey<T>>>().columns[wide];
+    return Blits::Of<CombineRows<T, T, Pixels<T>, UnlessKey<T>>>().For(isa);
   }
 }
 
 // A source blended by its alpha.
 template <class T>
-BlitKernel PickOver(bool wide) {
+BlitKernel PickOver(Isa isa) {
   if constexpr (T::kBytes == 2) {
-    return Blits::Of<CombineRows<T, Argb32, ArgbTo16<T>, Over16<T>>>().columns[wide];
+    return Blits::Of<CombineRows<T, Argb32, ArgbTo16<T>, Over16<T>>>().For(isa);
   } else if constexpr (T::kBytes == 4) {
-    return Blits::Of<CombineRows<T, Argb32, Pixels<Argb32>, Over32>>().columns[wide];
+    return Blits::Of<CombineRows<T, Argb32, Pixels<Argb32>, Over32>>().For(isa);
   } else {
-    return Pick<T, Argb32, BlendAlpha<T>>(wide);
+    return Pick<T, Argb32, BlendAlpha<T>>(isa);
   }
 }
 
@@ -148,40 +148,40 @@ constexpr bool kStrict = std::is_same_v<T, S> ||
                          (std::is_same_v<T, Xrgb32> && std::is_same_v<S, Argb32>);
 
 template <class T, class S>
-BlitKernel Find(bool wide, uint32_t flags) {
+BlitKernel Find(Isa isa, uint32_t flags) {
   const bool transparent = (flags & 1) != 0;
   const bool others = (flags & ~1u) != 0;
   if (std::is_same_v<T, Argb32> && !std::is_same_v<S, Argb32>) return nullptr;
   if (kStrict<T, S> && others) return nullptr;
   if (!transparent) {
     if constexpr (kSameStorage<T, S>) {
-      return Blits::Of<CopyRows<Storage<T>>>().columns[wide];
+      return Blits::Of<CopyRows<Storage<T>>>().For(isa);
     } else if constexpr (T::kBytes == 4 && S::kBytes == 2) {
       // Widening pixel by pixel the compiler does a tenth faster.
-      return Pick<T, S, CopyPixel<T, S>>(wide);
+      return Pick<T, S, CopyPixel<T, S>>(isa);
     } else {
-      return Blits::Of<CombineRows<T, S, Converted<T, S>, Solid<T>>>().columns[wide];
+      return Blits::Of<CombineRows<T, S, Converted<T, S>, Solid<T>>>().For(isa);
     }
   }
   if constexpr (std::is_same_v<S, Argb32> && !std::is_same_v<T, Argb32>) {
     if (others) return nullptr;
-    return PickOver<T>(wide);
+    return PickOver<T>(isa);
   } else if constexpr (kSameStorage<T, S>) {
-    return PickKeyed<Storage<T>>(wide);
+    return PickKeyed<Storage<T>>(isa);
   } else if constexpr (std::is_same_v<S, Rgb24> && T::kBytes == 2) {
-    return Pick<T, S, CopyUnlessConvertedKey<T, S>>(wide);
+    return Pick<T, S, CopyUnlessConvertedKey<T, S>>(isa);
   } else {
-    return Pick<T, S, CopyUnlessKey<T, S>>(wide);
+    return Pick<T, S, CopyUnlessKey<T, S>>(isa);
   }
 }
 
 }  // namespace
 
-BlitKernel FindBlitKernel(bool wide, int32_t target, int32_t source, uint32_t flags) {
+BlitKernel FindBlitKernel(Isa isa, int32_t target, int32_t source, uint32_t flags) {
   const BlitKernel none = nullptr;
   return WithFormat(target, none, [&](auto t) {
     return WithFormat(source, none,
-                      [&](auto s) { return Find<decltype(t), decltype(s)>(wide, flags); });
+                      [&](auto s) { return Find<decltype(t), decltype(s)>(isa, flags); });
   });
 }
 

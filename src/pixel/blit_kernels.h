@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/cpu.h"
+
 namespace brisal {
 
 // A rectangle of pixels on its way from one buffer to another: the first pixels, the bytes from row
@@ -22,7 +24,7 @@ using BlitKernel = void (*)(const Transfer &transfer, uint32_t key);
 // The copy from one format to another. `transparent` leaves out pixels: those of the mask colour, or
 // by their alpha where the source has one and the target differs. Null where the pair, or the pair
 // with these flags, draws nothing.
-BlitKernel FindBlitKernel(bool wide, int32_t target, int32_t source, uint32_t flags);
+BlitKernel FindBlitKernel(Isa isa, int32_t target, int32_t source, uint32_t flags);
 
 // What a transparent copy compares with.
 uint32_t BlitKey(int32_t target, int32_t source, uint32_t maskColour);

@@ -3,17 +3,12 @@
 #include <array>
 #include <type_traits>
 
+#include "core/cpu.h"
 #include "pixel/format.h"
 #include "pixel/mode.h"
 
 // Kernels are compiled once for each column, that is, for each instruction set; tables of them are
 // made from the lists of rules and formats.
-
-#if defined(__x86_64__) || defined(__i386__)
-#define BRISAL_HAS_WIDE 1
-#else
-#define BRISAL_HAS_WIDE 0
-#endif
 
 namespace brisal {
 
@@ -22,9 +17,9 @@ void RunPlain(Args... args) {
   Kernel::template Run<16>(args...);
 }
 
-#if BRISAL_HAS_WIDE
+#if BRISAL_HAS_AVX2
 template <class Kernel, class... Args>
-[[gnu::target("avx2"), gnu::flatten]] void RunWide(Args... args) {
+[[gnu::target(BRISAL_AVX2), gnu::flatten]] void RunWide(Args... args) {
   Kernel::template Run<32>(args...);
 }
 #endif
@@ -35,7 +30,7 @@ struct Kernels {
 
   template <class Kernel>
   static constexpr Kernels Of() {
-#if BRISAL_HAS_WIDE
+#if BRISAL_HAS_AVX2
     return {{&RunPlain<Kernel, Args...>, &RunWide<Kernel, Args...>}};
 #else
     return {{&RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>}};
@@ -47,6 +42,8 @@ struct Kernels {
   static constexpr Kernels PlainOf() {
     return {{&RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>}};
   }
+
+  constexpr Function For(Isa isa) const { return columns[static_cast<size_t>(isa)]; }
 
   Function columns[2];
 };

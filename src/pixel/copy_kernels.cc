@@ -122,9 +122,9 @@ constexpr std::array kCopyKernels = {CopyRow<false>(Formats{}), CopyRow<true>(Fo
 
 }  // namespace
 
-CopyKernel FindCopyKernel(bool wide, int32_t format, bool keyed) {
+CopyKernel FindCopyKernel(Isa isa, int32_t format, bool keyed) {
   if (!IsFormat(format)) return nullptr;
-  return kCopyKernels[keyed][static_cast<size_t>(format - 1)].columns[wide];
+  return kCopyKernels[keyed][static_cast<size_t>(format - 1)].For(isa);
 }
 
 MaskKernel FindMaskKernel(int32_t format) {

@@ -69,7 +69,7 @@ struct RampColours {
 
 using Effects = Kernels<const TexelEffect *, int>;
 
-constexpr Effects kNoEffect = {{nullptr, nullptr}};
+constexpr Effects kNoEffect = {};
 constexpr Effects kEffects[16] = {kNoEffect,
                                   Effects::Of<WithColour<Mult>>(),
                                   Effects::Of<WithColour<Add>>(),
@@ -89,12 +89,12 @@ constexpr Effects kEffects[16] = {kNoEffect,
 
 }  // namespace
 
-RampKernel FindRampKernel(bool wide) {
-  return Kernels<const Span *, int64_t, int, uint32_t *>::Of<RampColours>().columns[wide];
+RampKernel FindRampKernel(Isa isa) {
+  return Kernels<const Span *, int64_t, int, uint32_t *>::Of<RampColours>().For(isa);
 }
 
-EffectKernel FindEffectKernel(bool wide, int32_t code) {
-  return 0 <= code && code < 16 ? kEffects[code].columns[wide] : nullptr;
+EffectKernel FindEffectKernel(Isa isa, int32_t code) {
+  return 0 <= code && code < 16 ? kEffects[code].For(isa) : nullptr;
 }
 
 }  // namespace brisal

@@ -69,9 +69,9 @@ constexpr std::array kFetchKernels = {
 
 }  // namespace
 
-FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed) {
+FetchKernel FindFetchKernel(Isa isa, int32_t format, bool filtered, bool compressed) {
   if (!IsFormat(format)) return nullptr;
-  return kFetchKernels[filtered][compressed][static_cast<size_t>(format - 1)].columns[wide];
+  return kFetchKernels[filtered][compressed][static_cast<size_t>(format - 1)].For(isa);
 }
 
 }  // namespace brisal

@@ -136,16 +136,12 @@ struct BlurColours {
 
 }  // namespace
 
-FadeKernel FindFadeKernel(bool wide) {
-  return Kernels<uint8_t *, int, uint32_t>::Of<FadeColours>().columns[wide];
+FadeKernel FindFadeKernel(Isa isa) {
+  return Kernels<uint8_t *, int, uint32_t>::Of<FadeColours>().For(isa);
 }
 
-GreyKernel FindGreyKernel(bool wide) {
-  return Kernels<uint8_t *, int>::Of<GreyColours>().columns[wide];
-}
+GreyKernel FindGreyKernel(Isa isa) { return Kernels<uint8_t *, int>::Of<GreyColours>().For(isa); }
 
-BlurKernel FindBlurKernel(bool wide) {
-  return Kernels<const BlurRows *>::Of<BlurColours>().columns[wide];
-}
+BlurKernel FindBlurKernel(Isa isa) { return Kernels<const BlurRows *>::Of<BlurColours>().For(isa); }
 
 }  // namespace brisal

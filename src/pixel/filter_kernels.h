@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "core/cpu.h"
+
 namespace brisal {
 
 // Each changes n colours of four bytes in place.
@@ -9,9 +11,9 @@ using FadeKernel = void (*)(uint8_t *colours, int n, uint32_t factor);
 using GreyKernel = void (*)(uint8_t *colours, int n);
 
 // Every byte becomes min(byte * factor >> 8, 255); the factor is at most 1024.
-FadeKernel FindFadeKernel(bool wide);
+FadeKernel FindFadeKernel(Isa isa);
 // Red, green and blue become the colour's luminance.
-GreyKernel FindGreyKernel(bool wide);
+GreyKernel FindGreyKernel(Isa isa);
 
 constexpr int kBlurEntries = 9 * 256;
 
@@ -29,6 +31,6 @@ struct BlurRows {
 };
 
 using BlurKernel = void (*)(const BlurRows *blur);
-BlurKernel FindBlurKernel(bool wide);
+BlurKernel FindBlurKernel(Isa isa);
 
 }  // namespace brisal

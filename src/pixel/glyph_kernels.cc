@@ -187,19 +187,19 @@ constexpr auto kColourGlyphs = kTable<GlyphPixels::kColours, GlyphRule::kOnBackd
                                       GlyphRule::kOnTarget, GlyphRule::kReplace>;
 
 template <class Table>
-GlyphKernel Find(const Table &table, bool wide, int32_t format, GlyphRule rule) {
+GlyphKernel Find(const Table &table, Isa isa, int32_t format, GlyphRule rule) {
   const size_t row = static_cast<size_t>(rule);
   if (row >= table.size() || !IsFormat(format)) return nullptr;
-  return table[row][static_cast<size_t>(format - 1)].columns[wide];
+  return table[row][static_cast<size_t>(format - 1)].For(isa);
 }
 
 }  // namespace
 
-GlyphKernel FindGlyphKernel(bool wide, int32_t format, GlyphPixels pixels, GlyphRule rule) {
+GlyphKernel FindGlyphKernel(Isa isa, int32_t format, GlyphPixels pixels, GlyphRule rule) {
   switch (pixels) {
-    case GlyphPixels::kSolid: return Find(kSolidGlyphs, wide, format, rule);
-    case GlyphPixels::kSoft: return Find(kSoftGlyphs, wide, format, rule);
-    default: return Find(kColourGlyphs, wide, format, rule);
+    case GlyphPixels::kSolid: return Find(kSolidGlyphs, isa, format, rule);
+    case GlyphPixels::kSoft: return Find(kSoftGlyphs, isa, format, rule);
+    default: return Find(kColourGlyphs, isa, format, rule);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/cpu.h"
 #include "pixel/glyph_block.h"
 
 namespace brisal {
@@ -37,6 +38,6 @@ enum class GlyphRule { kOnBackdrop, kOnTarget, kReplace };
 using GlyphKernel = void (*)(const GlyphPart &part, const GlyphInk &ink);
 
 // Null for codes that are no format.
-GlyphKernel FindGlyphKernel(bool wide, int32_t format, GlyphPixels pixels, GlyphRule rule);
+GlyphKernel FindGlyphKernel(Isa isa, int32_t format, GlyphPixels pixels, GlyphRule rule);
 
 }  // namespace brisal

@@ -45,10 +45,10 @@ constexpr auto kMixKernels = MixTable::Of<MixRows>(MixRules{});
 
 }  // namespace
 
-MixKernel FindMixKernel(bool wide, Rule rule, int32_t format) {
+MixKernel FindMixKernel(Isa isa, Rule rule, int32_t format) {
   const size_t row = static_cast<size_t>(rule);
   if (row >= kMixKernels.size() || !IsFormat(format)) return nullptr;
-  return kMixKernels[row][static_cast<size_t>(format - 1)].columns[wide];
+  return kMixKernels[row][static_cast<size_t>(format - 1)].For(isa);
 }
 
 }  // namespace brisal

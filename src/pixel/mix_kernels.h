@@ -12,6 +12,6 @@ namespace brisal {
 using MixKernel = void (*)(const Transfer &transfer, const uint8_t *with, ptrdiff_t withPitch);
 
 // Null for rules that mix no pictures and for codes that are no format.
-MixKernel FindMixKernel(bool wide, Rule rule, int32_t format);
+MixKernel FindMixKernel(Isa isa, Rule rule, int32_t format);
 
 }  // namespace brisal

@@ -102,11 +102,11 @@ constexpr auto kOver = OverRow(Formats{});
 
 }  // namespace
 
-OutputKernel FindOutputKernel(bool wide, Output output, int32_t format) {
+OutputKernel FindOutputKernel(Isa isa, Output output, int32_t format) {
   if (!IsFormat(format)) return nullptr;
   const size_t column = static_cast<size_t>(format - 1);
-  if (output == Output::kOwnAlpha) return kOver[column].columns[wide];
-  return kOutputs[static_cast<size_t>(output)][column].columns[wide];
+  if (output == Output::kOwnAlpha) return kOver[column].For(isa);
+  return kOutputs[static_cast<size_t>(output)][column].For(isa);
 }
 
 }  // namespace brisal

@@ -162,20 +162,20 @@ constexpr std::array kRowFilters = FilterRowOf(Formats{});
 
 }  // namespace
 
-RowFilterKernel FindRowFilterKernel(bool wide, int32_t format) {
+RowFilterKernel FindRowFilterKernel(Isa isa, int32_t format) {
   if (!IsFormat(format)) return nullptr;
-  return kRowFilters[static_cast<size_t>(format - 1)].columns[wide];
+  return kRowFilters[static_cast<size_t>(format - 1)].For(isa);
 }
 
-RowBlendKernel FindRowBlendKernel(bool wide) {
-  return Kernels<const uint32_t *, const uint32_t *, uint32_t, int, uint8_t *>::Of<BlendRows>()
-      .columns[wide];
+RowBlendKernel FindRowBlendKernel(Isa isa) {
+  return Kernels<const uint32_t *, const uint32_t *, uint32_t, int, uint8_t *>::Of<BlendRows>().For(
+      isa);
 }
 
-WeighKernel FindWeighKernel(bool wide) {
+WeighKernel FindWeighKernel(Isa isa) {
   return Kernels<const Neighbours &, uint32_t, uint32_t, uint32_t, int,
                  uint8_t *>::Of<WeighNeighbours>()
-      .columns[wide];
+      .For(isa);
 }
 
 }  // namespace brisal

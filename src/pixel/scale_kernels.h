@@ -16,12 +16,12 @@ constexpr int kScaledPiece = 1024;
 // Reads n pixels of a row, filtered between each column and the one to its right; the last column is
 // repeated. The path runs to the right.
 using RowFilterKernel = void (*)(const TexelPath &path, int n, uint32_t *colours);
-RowFilterKernel FindRowFilterKernel(bool wide, int32_t format);
+RowFilterKernel FindRowFilterKernel(Isa isa, int32_t format);
 
 // Blends exactly n colours from one row to the other, every byte, by a weight of 0 to 255 in 256.
 using RowBlendKernel = void (*)(const uint32_t *top, const uint32_t *bottom, uint32_t weight, int n,
                                 uint8_t *colours);
-RowBlendKernel FindRowBlendKernel(bool wide);
+RowBlendKernel FindRowBlendKernel(Isa isa);
 
 // For each pixel the columns at it and to its right, in two rows.
 struct Neighbours {
@@ -35,6 +35,6 @@ struct Neighbours {
 // stores exactly n colours.
 using WeighKernel = void (*)(const Neighbours &around, uint32_t u, uint32_t du, uint32_t v, int n,
                              uint8_t *colours);
-WeighKernel FindWeighKernel(bool wide);
+WeighKernel FindWeighKernel(Isa isa);
 
 }  // namespace brisal

@@ -44,10 +44,10 @@ constexpr auto kShadedKernels = ShadedTable::Of<ShadedSpans>(ShadedRules{});
 
 }  // namespace
 
-ShadedKernel FindShadedKernel(bool wide, Rule rule, int32_t format) {
+ShadedKernel FindShadedKernel(Isa isa, Rule rule, int32_t format) {
   const size_t row = static_cast<size_t>(rule);
   if (row >= kShadedKernels.size() || !IsFormat(format)) return nullptr;
-  return kShadedKernels[row][static_cast<size_t>(format - 1)].columns[wide];
+  return kShadedKernels[row][static_cast<size_t>(format - 1)].For(isa);
 }
 
 }  // namespace brisal

@@ -81,24 +81,24 @@ constexpr auto PixelTable(RuleList<R...>) {
 constexpr auto kPixelKernels = PixelTable(Rules{});
 
 template <class Table>
-BRISAL_INLINE auto Find(const Table &table, bool wide, Rule rule, int32_t format) {
-  using Function = std::decay_t<decltype(table[0][0].columns[0])>;
+BRISAL_INLINE auto Find(const Table &table, Isa isa, Rule rule, int32_t format) {
+  using Function = decltype(table[0][0].For(isa));
   if (rule == Rule::kNone || !IsFormat(format)) return Function{nullptr};
-  return table[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)].columns[wide];
+  return table[static_cast<size_t>(rule)][static_cast<size_t>(format - 1)].For(isa);
 }
 
 }  // namespace
 
-SpanKernel FindSpanKernel(bool wide, Rule rule, int32_t format) {
-  return Find(kSpanKernels, wide, rule, format);
+SpanKernel FindSpanKernel(Isa isa, Rule rule, int32_t format) {
+  return Find(kSpanKernels, isa, rule, format);
 }
 
-TrapezoidKernel FindTrapezoidKernel(bool wide, Rule rule, int32_t format) {
-  return Find(kTrapezoidKernels, wide, rule, format);
+TrapezoidKernel FindTrapezoidKernel(Isa isa, Rule rule, int32_t format) {
+  return Find(kTrapezoidKernels, isa, rule, format);
 }
 
-BlockKernel FindBlockKernel(bool wide, Rule rule, int32_t format) {
-  return Find(kBlockKernels, wide, rule, format);
+BlockKernel FindBlockKernel(Isa isa, Rule rule, int32_t format) {
+  return Find(kBlockKernels, isa, rule, format);
 }
 
 PixelKernel FindPixelKernel(Rule rule, int32_t format) {

@@ -32,11 +32,11 @@ using ShadedKernel = void (*)(const ShadedSpan *spans, int64_t count, Buffer tar
 using PixelKernel = void (*)(uint8_t *pixel, uint32_t packed, uint32_t alpha);
 
 // Each is null where there is nothing to draw: for Rule::kNone and for codes that are no format.
-SpanKernel FindSpanKernel(bool wide, Rule rule, int32_t format);
-TrapezoidKernel FindTrapezoidKernel(bool wide, Rule rule, int32_t format);
-BlockKernel FindBlockKernel(bool wide, Rule rule, int32_t format);
+SpanKernel FindSpanKernel(Isa isa, Rule rule, int32_t format);
+TrapezoidKernel FindTrapezoidKernel(Isa isa, Rule rule, int32_t format);
+BlockKernel FindBlockKernel(Isa isa, Rule rule, int32_t format);
 PixelKernel FindPixelKernel(Rule rule, int32_t format);
 // Also null for rules that are not shaded.
-ShadedKernel FindShadedKernel(bool wide, Rule rule, int32_t format);
+ShadedKernel FindShadedKernel(Isa isa, Rule rule, int32_t format);
 
 }  // namespace brisal

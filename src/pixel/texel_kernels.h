@@ -41,14 +41,14 @@ struct TexelPath {
 // Reads n texels, 0xAARRGGBB. Runs are those of the texels that are not the mask colour, or the whole
 // piece where the sampling does not look for it.
 using FetchKernel = void (*)(const TexelPath *path, int n, uint32_t *texels, TexelRuns *runs);
-FetchKernel FindFetchKernel(bool wide, int32_t format, bool filtered, bool compressed);
+FetchKernel FindFetchKernel(Isa isa, int32_t format, bool filtered, bool compressed);
 
 // Copies the texels of spans to a target of the texture's format, as they are stored; keyed, without
 // those that are the mask colour. Where it skips masks, spans of nothing but mask colour are left
 // alone.
 using CopyKernel = void (*)(const TexelPath &texture, const Span *spans, int64_t count,
                             const Buffer &target, bool skipsMask);
-CopyKernel FindCopyKernel(bool wide, int32_t format, bool keyed);
+CopyKernel FindCopyKernel(Isa isa, int32_t format, bool keyed);
 
 // How many rows there are above the first one, of `rows`, whose n texels are all the mask colour; each
 // row's path begins a texel below the one before it.
@@ -57,7 +57,7 @@ MaskKernel FindMaskKernel(int32_t format);
 
 // The colours of n pixels of a shaded span from the `first` on.
 using RampKernel = void (*)(const Span *span, int64_t first, int n, uint32_t *colours);
-RampKernel FindRampKernel(bool wide);
+RampKernel FindRampKernel(Isa isa);
 
 // Combines n texels with a colour, or with the entries of another buffer, into `out`.
 struct TexelEffect {
@@ -69,7 +69,7 @@ struct TexelEffect {
 };
 using EffectKernel = void (*)(const TexelEffect *effect, int n);
 // Null for codes without an effect.
-EffectKernel FindEffectKernel(bool wide, int32_t code);
+EffectKernel FindEffectKernel(Isa isa, int32_t code);
 
 // How texels meet the target.
 enum class Output { kPlain, kLevel, kHalf, kAdd, kSub, kOwnAlpha };
@@ -77,6 +77,6 @@ enum class Output { kPlain, kLevel, kHalf, kAdd, kSub, kOwnAlpha };
 // Combines the runs of a piece with the target's pixels at `pixels`.
 using OutputKernel = void (*)(const uint32_t *texels, const TexelRuns *runs, uint8_t *pixels,
                               uint32_t level);
-OutputKernel FindOutputKernel(bool wide, Output output, int32_t format);
+OutputKernel FindOutputKernel(Isa isa, Output output, int32_t format);
 
 }  // namespace brisal

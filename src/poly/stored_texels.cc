@@ -20,16 +20,16 @@ void CopyRows(const Canvas &canvas, const TexelPlan &plan, const Viewport &part,
       plan.path.pitch,
       ptrdiff_t{part.right} - part.left,
       int64_t{part.bottom} - part.top};
-  FindBlitKernel(canvas.wide, target.format, target.format, IsKeyed(plan))(transfer,
-                                                                           plan.path.storedKey);
+  FindBlitKernel(canvas.isa, target.format, target.format, IsKeyed(plan))(transfer,
+                                                                          plan.path.storedKey);
 }
 
 }  // namespace
 
 void CopyStoredSpans(const Canvas &canvas, const TexelPlan &plan, const Span *spans,
                      int64_t count) {
-  FindCopyKernel(canvas.wide, canvas.target.format, IsKeyed(plan))(plan.path, spans, count,
-                                                                   canvas.target, plan.FillsGaps());
+  FindCopyKernel(canvas.isa, canvas.target.format, IsKeyed(plan))(plan.path, spans, count,
+                                                                  canvas.target, plan.FillsGaps());
 }
 
 void CopyStoredBlock(const Canvas &canvas, const TexelPlan &plan, const Viewport &part, int64_t x,

@@ -47,11 +47,11 @@ class TexturePainter {
         pixelBytes_(BytesPerPixel(canvas.target.format)),
         maskPacked_(PackColour(plan.path.texelKey, canvas.target.format)),
         fetch_(
-            FindFetchKernel(canvas.wide, texture.format, pipeline.filterFlag == 1, plan.cutsMask)),
-        output_(FindOutputKernel(canvas.wide, plan.output, canvas.target.format)),
+            FindFetchKernel(canvas.isa, texture.format, pipeline.filterFlag == 1, plan.cutsMask)),
+        output_(FindOutputKernel(canvas.isa, plan.output, canvas.target.format)),
         findMaskRow_(FindMaskKernel(texture.format)),
-        fillGap_(FindBlockKernel(canvas.wide, Rule::kSolid, canvas.target.format)),
-        ramp_(FindRampKernel(canvas.wide)) {}
+        fillGap_(FindBlockKernel(canvas.isa, Rule::kSolid, canvas.target.format)),
+        ramp_(FindRampKernel(canvas.isa)) {}
 
   void Draw(const Span *spans, int64_t count) {
     for (int64_t i = 0; i < count; ++i) DrawSpan(spans[i]);
@@ -111,7 +111,7 @@ class TexturePainter {
     uint32_t *const buffers[] = {texels, shades};
     for (int i = 0; i < plan_.effects; ++i) {
       const TPD_TexelEffect &effect = pipeline_.effects[i];
-      const EffectKernel kernel = FindEffectKernel(canvas_.wide, effect.code);
+      const EffectKernel kernel = FindEffectKernel(canvas_.isa, effect.code);
       if (kernel == nullptr) continue;
       const TexelEffect call = {buffers[effect.input & 1], buffers[effect.output & 1], effect.a,
                                 effect.b, effect.c};

@@ -10,7 +10,7 @@ BRISAL_INLINE void DrawBlock(const Canvas &canvas, const PixelBox &box, Rule rul
                              uint32_t packed) {
   if (box.left >= box.right || box.top >= box.bottom) return;
   const Buffer &target = canvas.target;
-  const BlockKernel kernel = FindBlockKernel(canvas.wide, rule, target.format);
+  const BlockKernel kernel = FindBlockKernel(canvas.isa, rule, target.format);
   if (kernel == nullptr) return;
   kernel(target.Row(box.top) + ByteOffset(box.left, BytesPerPixel(target.format)), target.pitch,
          box.right - box.left, box.bottom - box.top, packed, canvas.inkAlpha);
@@ -22,7 +22,7 @@ void DrawSpanList(const Canvas &canvas, int64_t top, const FlatSpan *spans, int6
                   uint32_t packed, int32_t mode) {
   const Buffer &target = canvas.target;
   const Rule rule = SpanRule(mode, target.format, canvas.inkAlpha, packed);
-  const SpanKernel kernel = FindSpanKernel(canvas.wide, rule, target.format);
+  const SpanKernel kernel = FindSpanKernel(canvas.isa, rule, target.format);
   if (kernel != nullptr) {
     kernel(spans, count, target.Row(top), target.pitch, packed, canvas.inkAlpha);
   }
@@ -32,7 +32,7 @@ TrapezoidPen::TrapezoidPen(const Canvas &canvas, uint32_t packed, int32_t mode)
     : target_(canvas.target),
       packed_(packed),
       inkAlpha_(canvas.inkAlpha),
-      kernel_(FindTrapezoidKernel(canvas.wide,
+      kernel_(FindTrapezoidKernel(canvas.isa,
                                   SpanRule(mode, canvas.target.format, canvas.inkAlpha, packed),
                                   canvas.target.format)) {}
 
@@ -42,7 +42,7 @@ void DrawRectangle(const Canvas &canvas, const PixelBox &box, uint32_t packed, i
 
 void DrawGouraudSpanList(const Canvas &canvas, const ShadedSpan *spans, int64_t count,
                          int32_t mode) {
-  const ShadedKernel kernel = FindShadedKernel(canvas.wide, RuleOfMode(mode), canvas.target.format);
+  const ShadedKernel kernel = FindShadedKernel(canvas.isa, RuleOfMode(mode), canvas.target.format);
   if (kernel != nullptr) kernel(spans, count, canvas.target);
 }
 

@@ -32,7 +32,7 @@ Transfer MakeTransfer(const Buffer &target, const Buffer &source, const BlitArea
 void Blit(const Canvas &canvas, const Buffer &source, const BlitArea &area, uint32_t maskColour,
           uint32_t flags) {
   const Buffer &target = canvas.target;
-  const BlitKernel kernel = FindBlitKernel(canvas.wide, target.format, source.format, flags);
+  const BlitKernel kernel = FindBlitKernel(canvas.isa, target.format, source.format, flags);
   if (kernel == nullptr) return;
   const BlitArea clipped = Clip(area, canvas.viewport);
   if (clipped.IsEmpty()) return;

@@ -48,9 +48,9 @@ Plan PlanFor(const BlitEffect &effect) {
 }
 
 // Combines a rectangle of a buffer with the effect colour, in place.
-void Tint(bool wide, const Buffer &buffer, Rule rule, uint32_t packed, int64_t x, int64_t y,
+void Tint(Isa isa, const Buffer &buffer, Rule rule, uint32_t packed, int64_t x, int64_t y,
           const BlitArea &area) {
-  FindBlockKernel(wide, rule, buffer.format)(
+  FindBlockKernel(isa, rule, buffer.format)(
       buffer.Row(y) + ByteOffset(x, BytesPerPixel(buffer.format)), buffer.pitch,
       area.right - area.left, area.bottom - area.top, packed, 0);
 }
@@ -69,7 +69,7 @@ struct EffectBlit {
       case Way::kMix: return Mix(part);
       case Way::kTint:
         Copy(part);
-        return Tint(canvas.wide, canvas.target, plan.rule, packed, part.x, part.y, part);
+        return Tint(canvas.isa, canvas.target, plan.rule, packed, part.x, part.y, part);
       case Way::kTintBoth: TintSource(part); return Copy(part);
       case Way::kMoveAndTint: Copy(part); return TintSource(part);
     }
@@ -77,17 +77,17 @@ struct EffectBlit {
 
   void Copy(const BlitArea &part) const {
     const Transfer transfer = MakeTransfer(canvas.target, source, part);
-    FindBlitKernel(canvas.wide, source.format, source.format, 0)(transfer, 0);
+    FindBlitKernel(canvas.isa, source.format, source.format, 0)(transfer, 0);
   }
 
   void TintSource(const BlitArea &part) const {
-    Tint(canvas.wide, source, plan.rule, packed, part.left, part.top, part);
+    Tint(canvas.isa, source, plan.rule, packed, part.left, part.top, part);
   }
 
   void Mix(const BlitArea &part) const {
     const Transfer transfer = MakeTransfer(canvas.target, source, part);
     const Transfer blend = MakeTransfer(canvas.target, blendSource, part);
-    FindMixKernel(canvas.wide, plan.rule, source.format)(transfer, blend.from, blend.fromPitch);
+    FindMixKernel(canvas.isa, plan.rule, source.format)(transfer, blend.from, blend.fromPitch);
   }
 
   // Whether the pixels to be written share memory with those of another buffer, other than by being

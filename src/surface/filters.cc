@@ -42,7 +42,7 @@ double LevelAt(const Light &light, int32_t x, int32_t y) {
 
 }  // namespace
 
-void Blur(bool wide, const Surface &surface, float divisor) {
+void Blur(Isa isa, const Surface &surface, float divisor) {
   if (divisor == 0 || std::isnan(divisor)) return;
   if (surface.viewRight < 1 || surface.viewBottom < 1 || !IsFormat(surface.format)) return;
   const int64_t width = int64_t{surface.viewRight} - surface.viewLeft;
@@ -58,14 +58,14 @@ void Blur(bool wide, const Surface &surface, float divisor) {
   const Buffer buffer = BufferOf(surface);
   const auto kept = [&](int64_t y) { return rows + y % 3 * step; };
   const auto read = [&](int64_t y) {
-    ReadRow(wide, buffer, surface.viewLeft, static_cast<int32_t>(surface.viewTop + y), width,
+    ReadRow(isa, buffer, surface.viewLeft, static_cast<int32_t>(surface.viewTop + y), width,
             kept(y));
   };
   uint8_t table[kBlurEntries];
   FillBlurTable(divisor, table);
   const uint32_t factor = BlurFactor(std::min(divisor, 255.0f), table);
   uint32_t *result = rows + 3 * step;
-  const BlurKernel kernel = FindBlurKernel(wide);
+  const BlurKernel kernel = FindBlurKernel(isa);
   read(0);
   for (int64_t y = 0; y < height; ++y) {
     const int64_t next = std::min<int64_t>(y + 1, height - 1);
@@ -73,26 +73,26 @@ void Blur(bool wide, const Surface &surface, float divisor) {
     const BlurRows blur = {
         {kept(std::max<int64_t>(y - 1, 0)), kept(y), kept(next)}, result, width, table, factor};
     kernel(&blur);
-    WriteRow(wide, buffer, surface.viewLeft, static_cast<int32_t>(surface.viewTop + y), width,
+    WriteRow(isa, buffer, surface.viewLeft, static_cast<int32_t>(surface.viewTop + y), width,
              result);
   }
   std::free(rows);
 }
 
-void Fade(bool wide, const Surface &surface, int32_t percent) {
+void Fade(Isa isa, const Surface &surface, int32_t percent) {
   const double factor = percent * static_cast<double>(0.01f) * 256;
   const uint32_t weight = static_cast<uint32_t>(std::clamp(factor, 0.0, 1024.0));
-  const FadeKernel kernel = FindFadeKernel(wide);
-  ChangeColours(wide, surface, [&](int32_t, int32_t, int n, uint8_t *c) { kernel(c, n, weight); });
+  const FadeKernel kernel = FindFadeKernel(isa);
+  ChangeColours(isa, surface, [&](int32_t, int32_t, int n, uint8_t *c) { kernel(c, n, weight); });
 }
 
-void GreyScale(bool wide, const Surface &surface) {
-  const GreyKernel kernel = FindGreyKernel(wide);
-  ChangeColours(wide, surface, [&](int32_t, int32_t, int n, uint8_t *c) { kernel(c, n); });
+void GreyScale(Isa isa, const Surface &surface) {
+  const GreyKernel kernel = FindGreyKernel(isa);
+  ChangeColours(isa, surface, [&](int32_t, int32_t, int n, uint8_t *c) { kernel(c, n); });
 }
 
-void LightUp(bool wide, const Surface &surface, const Light &light) {
-  ChangeColours(wide, surface, [&](int32_t x, int32_t y, int n, uint8_t *colours) {
+void LightUp(Isa isa, const Surface &surface, const Light &light) {
+  ChangeColours(isa, surface, [&](int32_t x, int32_t y, int n, uint8_t *colours) {
     for (int i = 0; i < n; ++i) {
       const double level = LevelAt(light, x + i, y);
       // From 256 on every byte but 0 is 255.
@@ -108,8 +108,8 @@ void LightUp(bool wide, const Surface &surface, const Light &light) {
   });
 }
 
-void PaintLight(bool wide, const Surface &surface, const Light &light, uint32_t colour) {
-  ChangeColours(wide, surface, [&](int32_t x, int32_t y, int n, uint8_t *colours) {
+void PaintLight(Isa isa, const Surface &surface, const Light &light, uint32_t colour) {
+  ChangeColours(isa, surface, [&](int32_t x, int32_t y, int n, uint8_t *colours) {
     for (int i = 0; i < n; ++i) {
       const double level = LevelAt(light, x + i, y);
       const auto channel = [&](int shift) {
@@ -122,7 +122,7 @@ void PaintLight(bool wide, const Surface &surface, const Light &light, uint32_t 
   });
 }
 
-void PrepareEffectSurface(bool wide, const Surface &source, const Surface &destination) {
+void PrepareEffectSurface(Isa isa, const Surface &source, const Surface &destination) {
   if (destination.format != BRSL_FORMAT_A32) {
     const int32_t left = std::max(destination.viewLeft, 0);
     const int32_t right = std::min(destination.viewRight, destination.width);
@@ -142,11 +142,11 @@ void PrepareEffectSurface(bool wide, const Surface &source, const Surface &desti
   for (int32_t y = 0; y < destination.height && IsFormat(source.format); ++y) {
     for (int64_t x = 0; x < destination.width; x += kRowPiece) {
       const int64_t n = std::min<int64_t>(destination.width - x, kRowPiece);
-      ReadRow(wide, from, static_cast<int32_t>(x), y, n, colours);
+      ReadRow(isa, from, static_cast<int32_t>(x), y, n, colours);
       for (int64_t i = 0; i < n && marks; ++i) {
         if (colours[i] != key) colours[i] |= 0xFF000000;
       }
-      WriteRow(wide, to, static_cast<int32_t>(x), y, n, colours);
+      WriteRow(isa, to, static_cast<int32_t>(x), y, n, colours);
     }
   }
 }

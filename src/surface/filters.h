@@ -8,9 +8,9 @@
 namespace brisal {
 
 // All but the mirror work on the surface's viewport.
-void Blur(bool wide, const Surface &surface, float divisor);
-void Fade(bool wide, const Surface &surface, int32_t percent);
-void GreyScale(bool wide, const Surface &surface);
+void Blur(Isa isa, const Surface &surface, float divisor);
+void Fade(Isa isa, const Surface &surface, int32_t percent);
+void GreyScale(Isa isa, const Surface &surface);
 
 // A light whose level falls off linearly with the distance from its centre.
 struct Light {
@@ -20,12 +20,12 @@ struct Light {
   float falloff;
 };
 
-void LightUp(bool wide, const Surface &surface, const Light &light);
-void PaintLight(bool wide, const Surface &surface, const Light &light, uint32_t colour);
+void LightUp(Isa isa, const Surface &surface, const Light &light);
+void PaintLight(Isa isa, const Surface &surface, const Light &light, uint32_t colour);
 
 // Fills an effect surface from an ordinary one: format 5 gets an alpha that marks mask-coloured
 // pixels as transparent.
-void PrepareEffectSurface(bool wide, const Surface &source, const Surface &destination);
+void PrepareEffectSurface(Isa isa, const Surface &source, const Surface &destination);
 
 // Exchanges the pixels of a rectangle of the target, right and bottom exclusive, with their mirror
 // images; what lies outside the viewport reads as 0.

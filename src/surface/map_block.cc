@@ -13,7 +13,7 @@ bool IsTransparent(uint32_t colour, int32_t format, uint32_t key) {
 
 }  // namespace
 
-bool CopyMapBlock(bool wide, const Surface &source, const Block &block, const Surface &destination,
+bool CopyMapBlock(Isa isa, const Surface &source, const Block &block, const Surface &destination,
                   int32_t x, int32_t y, uint32_t *rowBuffer, uint32_t maskColour) {
   const int64_t width = int64_t{block.right} - block.left;
   if (width < 1 || rowBuffer == nullptr || !IsFormat(source.format)) return false;
@@ -22,13 +22,13 @@ bool CopyMapBlock(bool wide, const Surface &source, const Block &block, const Su
   const int64_t last = std::min<int64_t>(int64_t{destination.width} - x, width);
   bool transparent = false;
   for (int64_t row = block.top; row < block.bottom; ++row) {
-    ReadRow(wide, BufferOf(source), block.left, static_cast<int32_t>(row), width, rowBuffer);
+    ReadRow(isa, BufferOf(source), block.left, static_cast<int32_t>(row), width, rowBuffer);
     for (int64_t i = 0; i < width && !transparent; ++i) {
       transparent = IsTransparent(rowBuffer[i], source.format, key);
     }
     const int64_t to = y + (row - block.top);
     if (to < 0 || to >= destination.height || first >= last) continue;
-    WriteRow(wide, BufferOf(destination), static_cast<int32_t>(x + first), static_cast<int32_t>(to),
+    WriteRow(isa, BufferOf(destination), static_cast<int32_t>(x + first), static_cast<int32_t>(to),
              last - first, rowBuffer + first);
   }
   return transparent;

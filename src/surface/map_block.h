@@ -15,7 +15,7 @@ struct Block {
 };
 
 // Copies a block by way of the row buffer. True when it holds a transparent pixel.
-bool CopyMapBlock(bool wide, const Surface &source, const Block &block, const Surface &destination,
+bool CopyMapBlock(Isa isa, const Surface &source, const Block &block, const Surface &destination,
                   int32_t x, int32_t y, uint32_t *rowBuffer, uint32_t maskColour);
 
 }  // namespace brisal

@@ -13,7 +13,7 @@ constexpr int kRowPiece = 256;
 // Hands the pixels of the surface's viewport to change(x, y, n, colours), piece by piece, and stores
 // what it makes of the colours. 32-bit pixels are changed where they lie.
 template <class Change>
-void ChangeColours(bool wide, const Surface &surface, Change change) {
+void ChangeColours(Isa isa, const Surface &surface, Change change) {
   const Buffer buffer = BufferOf(surface);
   const bool inPlace = BytesPerPixel(buffer.format) == 4;
   const int64_t piece = inPlace ? INT32_MAX / 4 : kRowPiece;
@@ -27,9 +27,9 @@ void ChangeColours(bool wide, const Surface &surface, Change change) {
         change(column, row, n, buffer.Row(row) + ByteOffset(column, 4));
         continue;
       }
-      ReadRow(wide, buffer, column, row, n, colours);
+      ReadRow(isa, buffer, column, row, n, colours);
       change(column, row, n, reinterpret_cast<uint8_t *>(colours));
-      WriteRow(wide, buffer, column, row, n, colours);
+      WriteRow(isa, buffer, column, row, n, colours);
     }
   }
 }

@@ -68,13 +68,13 @@ struct ColumnPairs {
 // Reads what the source's viewport shows of it.
 class ViewSampler {
  public:
-  ViewSampler(bool wide, const Surface &source, int64_t xStep, int64_t yStep)
+  ViewSampler(Isa isa, const Surface &source, int64_t xStep, int64_t yStep)
       : source_(source),
         view_(ViewportOf(source)),
         xStep_(xStep),
         yStep_(yStep),
-        fetch_(FindFetchKernel(wide, source.format, false, false)),
-        copy_(FindCopyKernel(wide, source.format, false)) {
+        fetch_(FindFetchKernel(isa, source.format, false, false)),
+        copy_(FindCopyKernel(isa, source.format, false)) {
     path_.address = static_cast<const uint8_t *>(source.address);
     path_.pitch = source.pitch;
     path_.du = static_cast<uint32_t>(xStep);
@@ -157,7 +157,7 @@ class ViewSampler {
 };
 
 // Rows that show the same row of the source are copies of the first of them.
-void ScaleNearest(bool wide, ViewSampler &sampler, const Surface &destination) {
+void ScaleNearest(Isa isa, ViewSampler &sampler, const Surface &destination) {
   const Viewport part = ShownPart(destination);
   if (part.left >= part.right) return;
   const Buffer buffer = BufferOf(destination);
@@ -172,16 +172,16 @@ void ScaleNearest(bool wide, ViewSampler &sampler, const Surface &destination) {
       ForEachPiece<kRowPiece>(part, [&](int64_t x, int n) {
         uint32_t colours[kRowPiece];
         sampler.Nearest(x, y, n, colours);
-        WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
+        WriteRow(isa, buffer, static_cast<int32_t>(x), y, n, colours);
       });
     }
   }
 }
 
-void ScaleWeighed(bool wide, ViewSampler &sampler, const Surface &source, int64_t xStep,
+void ScaleWeighed(Isa isa, ViewSampler &sampler, const Surface &source, int64_t xStep,
                   int64_t yStep, const Surface &destination) {
   const Viewport part = ShownPart(destination);
-  const WeighKernel weigh = FindWeighKernel(wide);
+  const WeighKernel weigh = FindWeighKernel(isa);
   const Buffer buffer = BufferOf(destination);
   const bool inPlace = BytesPerPixel(buffer.format) == 4;  // pixels are colours
   ForEachPiece<kScaledPiece>(part, [&](int64_t x, int n) {
@@ -198,16 +198,16 @@ void ScaleWeighed(bool wide, ViewSampler &sampler, const Surface &source, int64_
       weigh({top.own, top.right, bottom.own, bottom.right}, static_cast<uint32_t>(x * xStep),
             static_cast<uint32_t>(xStep), static_cast<uint32_t>(y * yStep), n,
             inPlace ? buffer.Row(y) + ByteOffset(x, 4) : reinterpret_cast<uint8_t *>(colours));
-      if (!inPlace) WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
+      if (!inPlace) WriteRow(isa, buffer, static_cast<int32_t>(x), y, n, colours);
     }
   });
 }
 
-void ScaleFiltered(bool wide, const Surface &source, int64_t xStep, int64_t yStep,
+void ScaleFiltered(Isa isa, const Surface &source, int64_t xStep, int64_t yStep,
                    const Surface &destination) {
-  const RowFilterKernel filter = FindRowFilterKernel(wide, source.format);
+  const RowFilterKernel filter = FindRowFilterKernel(isa, source.format);
   if (filter == nullptr) return;
-  const RowBlendKernel blend = FindRowBlendKernel(wide);
+  const RowBlendKernel blend = FindRowBlendKernel(isa);
   const Buffer buffer = BufferOf(destination);
   const bool inPlace = BytesPerPixel(buffer.format) == 4;  // pixels are colours
   const Viewport part = ShownPart(destination);
@@ -236,7 +236,7 @@ void ScaleFiltered(bool wide, const Surface &source, int64_t xStep, int64_t ySte
         continue;
       }
       blend(top, bottom, weight, n, reinterpret_cast<uint8_t *>(colours));
-      WriteRow(wide, buffer, static_cast<int32_t>(x), y, n, colours);
+      WriteRow(isa, buffer, static_cast<int32_t>(x), y, n, colours);
     }
   });
 }
@@ -248,14 +248,14 @@ bool IsTexture(const Surface &source) {
 
 }  // namespace
 
-void ScaleSurface(bool wide, const Surface &source, const Surface &destination, int32_t mode) {
+void ScaleSurface(Isa isa, const Surface &source, const Surface &destination, int32_t mode) {
   if (destination.width < 1 || destination.height < 1) return;
   const int64_t xStep = Divide(int64_t{source.width} * 65536, destination.width);
   const int64_t yStep = Divide(int64_t{source.height} * 65536, destination.height);
-  ViewSampler sampler(wide, source, xStep, yStep);
-  if (mode == 0) ScaleNearest(wide, sampler, destination);
-  if (mode == 1 && IsTexture(source)) ScaleFiltered(wide, source, xStep, yStep, destination);
-  if (mode == 1111) ScaleWeighed(wide, sampler, source, xStep, yStep, destination);
+  ViewSampler sampler(isa, source, xStep, yStep);
+  if (mode == 0) ScaleNearest(isa, sampler, destination);
+  if (mode == 1 && IsTexture(source)) ScaleFiltered(isa, source, xStep, yStep, destination);
+  if (mode == 1111) ScaleWeighed(isa, sampler, source, xStep, yStep, destination);
 }
 
 }  // namespace brisal

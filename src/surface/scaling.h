@@ -7,6 +7,6 @@
 namespace brisal {
 
 // Resamples the whole source to the whole destination. Modes: 0 nearest, 1 and 1111 bilinear.
-void ScaleSurface(bool wide, const Surface &source, const Surface &destination, int32_t mode);
+void ScaleSurface(Isa isa, const Surface &source, const Surface &destination, int32_t mode);
 
 }  // namespace brisal

@@ -44,18 +44,18 @@ void PokeUnclipped(const Buffer &buffer, int32_t x, int32_t y, uint32_t colour) 
 }
 
 // A row of colours is a row of 32-bit pixels.
-void ReadRow(bool wide, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
+void ReadRow(Isa isa, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
              uint32_t *colours) {
-  const BlitKernel kernel = FindBlitKernel(wide, BRSL_FORMAT_X32, buffer.format, 0);
+  const BlitKernel kernel = FindBlitKernel(isa, BRSL_FORMAT_X32, buffer.format, 0);
   if (kernel == nullptr || count < 1) return;
   uint8_t *from = buffer.Row(y) + ByteOffset(x, BytesPerPixel(buffer.format));
   auto *to = reinterpret_cast<uint8_t *>(colours);
   kernel({to, 0, from, 0, static_cast<ptrdiff_t>(count), 1}, 0);
 }
 
-void WriteRow(bool wide, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
+void WriteRow(Isa isa, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
               const uint32_t *colours) {
-  const BlitKernel kernel = FindBlitKernel(wide, buffer.format, BRSL_FORMAT_A32, 0);
+  const BlitKernel kernel = FindBlitKernel(isa, buffer.format, BRSL_FORMAT_A32, 0);
   if (kernel == nullptr || count < 1) return;
   uint8_t *to = buffer.Row(y) + ByteOffset(x, BytesPerPixel(buffer.format));
   const auto *from = reinterpret_cast<const uint8_t *>(colours);

@@ -29,9 +29,8 @@ void Poke(const Surface &surface, int32_t x, int32_t y, uint32_t colour);
 void PokeUnclipped(const Buffer &buffer, int32_t x, int32_t y, uint32_t colour);
 
 // The pixels of part of a row, from and to colours.
-void ReadRow(bool wide, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
-             uint32_t *colours);
-void WriteRow(bool wide, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
+void ReadRow(Isa isa, const Buffer &buffer, int32_t x, int32_t y, int64_t count, uint32_t *colours);
+void WriteRow(Isa isa, const Buffer &buffer, int32_t x, int32_t y, int64_t count,
               const uint32_t *colours);
 
 // How many of the canvas's pixels from (x, y) on have the colour.
