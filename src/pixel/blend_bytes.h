@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "pixel/instructions.h"
 #include "pixel/lanes.h"
 
 // Colours between others: what bilinear filters of all kinds are made of.

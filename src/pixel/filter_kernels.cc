@@ -2,6 +2,7 @@
 
 #include "pixel/column.h"
 #include "pixel/format.h"
+#include "pixel/instructions.h"
 
 namespace brisal {
 namespace {

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <type_traits>
 #include <utility>
 
 // Vectors of channels. The compiler's generic vectors are used throughout: the same source becomes
@@ -78,81 +77,6 @@ BRISAL_INLINE V HighHalves(V high, V low) {
     return (high & 0xFFFF0000u) | low;
   }
 }
-
-// What the generic vectors have no name for: the words that the lanes of `from` number, the high halves
-// of products of 16-bit lanes, and the sums of the signed products of neighbouring ones. By reference,
-// since vectors of a set that the caller may lack have no agreed way of being passed; inlined, that makes
-// no difference.
-template <class V>
-BRISAL_INLINE void Permute(const V &words, const V &from, V &permuted) {
-  for (size_t i = 0; i < sizeof(V) / 4; ++i) permuted[i] = words[from[i] % (sizeof(V) / 4)];
-}
-
-template <class V>
-BRISAL_INLINE void MultiplyHigh(const V &a, const V &b, V &high) {
-  using Lane = std::remove_cvref_t<decltype(a[0])>;
-  using Product = std::conditional_t<std::is_signed_v<Lane>, int32_t, uint32_t>;
-  for (size_t i = 0; i < sizeof(V) / 2; ++i) {
-    high[i] = static_cast<Lane>((Product{a[i]} * Product{b[i]}) >> 16);
-  }
-}
-
-template <class V, class W>
-BRISAL_INLINE void MultiplyAdd(const V &a, const V &b, W &sums) {
-  const auto high = [](const V &v) { return As<int32_t>(v) >> 16; };
-  const auto low = [](const V &v) { return (As<int32_t>(v) << 16) >> 16; };
-  sums = As<uint32_t>(low(a) * low(b) + high(a) * high(b));
-}
-
-#if defined(__x86_64__) || defined(__i386__)
-// The instructions for it.
-[[gnu::target("avx2")]] inline void Permute(const Vector<uint32_t, 32> &words,
-                                            const Vector<uint32_t, 32> &from,
-                                            Vector<uint32_t, 32> &permuted) {
-  using Signed = Vector<int32_t, 32>;
-  permuted = (Vector<uint32_t, 32>)__builtin_ia32_permvarsi256((Signed)words, (Signed)from);
-}
-
-[[gnu::target("avx2")]] inline void MultiplyHigh(const Vector<uint16_t, 32> &a,
-                                                 const Vector<uint16_t, 32> &b,
-                                                 Vector<uint16_t, 32> &high) {
-  using Signed = Vector<int16_t, 32>;
-  high = (Vector<uint16_t, 32>)__builtin_ia32_pmulhuw256((Signed)a, (Signed)b);
-}
-
-[[gnu::target("sse2")]] inline void MultiplyHigh(const Vector<uint16_t, 16> &a,
-                                                 const Vector<uint16_t, 16> &b,
-                                                 Vector<uint16_t, 16> &high) {
-  using Signed = Vector<int16_t, 16>;
-  high = (Vector<uint16_t, 16>)__builtin_ia32_pmulhuw128((Signed)a, (Signed)b);
-}
-
-[[gnu::target("avx2")]] inline void MultiplyHigh(const Vector<int16_t, 32> &a,
-                                                 const Vector<int16_t, 32> &b,
-                                                 Vector<int16_t, 32> &high) {
-  high = __builtin_ia32_pmulhw256(a, b);
-}
-
-[[gnu::target("sse2")]] inline void MultiplyHigh(const Vector<int16_t, 16> &a,
-                                                 const Vector<int16_t, 16> &b,
-                                                 Vector<int16_t, 16> &high) {
-  high = __builtin_ia32_pmulhw128(a, b);
-}
-
-[[gnu::target("avx2")]] inline void MultiplyAdd(const Vector<uint16_t, 32> &a,
-                                                const Vector<uint16_t, 32> &b,
-                                                Vector<uint32_t, 32> &sums) {
-  using Signed = Vector<int16_t, 32>;
-  sums = (Vector<uint32_t, 32>)__builtin_ia32_pmaddwd256((Signed)a, (Signed)b);
-}
-
-[[gnu::target("sse2")]] inline void MultiplyAdd(const Vector<uint16_t, 16> &a,
-                                                const Vector<uint16_t, 16> &b,
-                                                Vector<uint32_t, 16> &sums) {
-  using Signed = Vector<int16_t, 16>;
-  sums = (Vector<uint32_t, 16>)__builtin_ia32_pmaddwd128((Signed)a, (Signed)b);
-}
-#endif
 
 template <class V>
 BRISAL_INLINE V Min(V a, V b) {

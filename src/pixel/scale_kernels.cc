@@ -6,6 +6,7 @@
 #include "pixel/blend_bytes.h"
 #include "pixel/column.h"
 #include "pixel/convert_source.h"
+#include "pixel/instructions.h"
 #include "pixel/pixel_source.h"
 #include "pixel/run.h"
 #include "pixel/texel_loads.h"

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "pixel/format.h"
+#include "pixel/instructions.h"
 #include "pixel/texel_kernels.h"
 
 // Reading the texels along a path, as they are stored.

@@ -8,6 +8,7 @@
 
 #include "pixel/blend_bytes.h"
 #include "pixel/format.h"
+#include "pixel/instructions.h"
 #include "pixel/lanes.h"
 
 // Texels and those to their right, in vectors, and how the pairs of two rows are blended by their place.

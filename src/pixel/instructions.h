@@ -1,0 +1,66 @@
+#pragma once
+
+#include "core/cpu.h"
+#include "pixel/lanes.h"
+
+#if BRISAL_HAS_AVX2
+#include <immintrin.h>
+#endif
+
+// What the generic vectors have no name for: the words that the lanes of `from` number, the high halves
+// of products of 16-bit lanes, and the sums of the signed products of neighbouring ones. By reference,
+// since vectors of a set that the caller may lack have no agreed way of being passed; inlined, that makes
+// no difference.
+
+namespace brisal {
+
+template <class V>
+BRISAL_INLINE void Permute(const V &words, const V &from, V &permuted) {
+  for (size_t i = 0; i < sizeof(V) / 4; ++i) permuted[i] = words[from[i] % (sizeof(V) / 4)];
+}
+
+template <class V>
+BRISAL_INLINE void MultiplyHigh(const V &a, const V &b, V &high) {
+  using Lane = std::remove_cvref_t<decltype(a[0])>;
+  using Product = std::conditional_t<std::is_signed_v<Lane>, int32_t, uint32_t>;
+  for (size_t i = 0; i < sizeof(V) / 2; ++i) {
+    high[i] = static_cast<Lane>((Product{a[i]} * Product{b[i]}) >> 16);
+  }
+}
+
+template <class V, class W>
+BRISAL_INLINE void MultiplyAdd(const V &a, const V &b, W &sums) {
+  const auto high = [](const V &v) { return As<int32_t>(v) >> 16; };
+  const auto low = [](const V &v) { return (As<int32_t>(v) << 16) >> 16; };
+  sums = As<uint32_t>(low(a) * low(b) + high(a) * high(b));
+}
+
+#if BRISAL_HAS_AVX2
+
+// One of them, for vectors of a size, as an instruction.
+#define BRISAL_INSTRUCTION(isa, Bytes, Register, Name, Lane, ResultLane, instruction) \
+  [[gnu::target(isa)]] inline void Name(const Vector<Lane, Bytes> &a,                 \
+                                        const Vector<Lane, Bytes> &b,                 \
+                                        Vector<ResultLane, Bytes> &result) {          \
+    result = (Vector<ResultLane, Bytes>)instruction((Register)a, (Register)b);        \
+  }
+
+BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyHigh, uint16_t, uint16_t, _mm_mulhi_epu16)
+BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyHigh, int16_t, int16_t, _mm_mulhi_epi16)
+BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyAdd, uint16_t, uint32_t, _mm_madd_epi16)
+
+BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyHigh, uint16_t, uint16_t, _mm256_mulhi_epu16)
+BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyHigh, int16_t, int16_t, _mm256_mulhi_epi16)
+BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyAdd, uint16_t, uint32_t, _mm256_madd_epi16)
+
+[[gnu::target(BRISAL_AVX2)]] inline void Permute(const Vector<uint32_t, 32> &words,
+                                                 const Vector<uint32_t, 32> &from,
+                                                 Vector<uint32_t, 32> &permuted) {
+  permuted = (Vector<uint32_t, 32>)_mm256_permutevar8x32_epi32((__m256i)words, (__m256i)from);
+}
+
+#undef BRISAL_INSTRUCTION
+
+#endif
+
+}  // namespace brisal
