@@ -26,21 +26,6 @@ struct Channel16 {
     return (pixels >> Shift) & static_cast<uint16_t>(kMask >> Shift);
   }
 
-  // The channel where it compares as a small positive number: in place, unless it holds the top bit.
-  static constexpr uint16_t kSmallMax = kTop ? kMask >> Shift : kMask;
-
-  template <class V>
-  BRISAL_INLINE static V Small(V pixels) {
-    if constexpr (kTop) return pixels >> Shift;
-    return pixels & kMask;
-  }
-
-  template <class V>
-  BRISAL_INLINE static V FromSmall(V channel) {
-    if constexpr (kTop) return channel << Shift;
-    return channel;
-  }
-
   // Products carry Fraction bits below the channel's value. A factor lifted by kLift lands them where
   // the channel belongs, or above; FromLifted puts them there and drops the fraction.
   template <int Fraction>

@@ -35,6 +35,17 @@ BRISAL_INLINE void MultiplyAdd(const V &a, const V &b, W &sums) {
   sums = As<uint32_t>(low(a) * low(b) + high(a) * high(b));
 }
 
+// Sums of unsigned lanes that stop at the largest, and differences that stop at 0.
+template <class V>
+BRISAL_INLINE void AddSaturated(const V &a, const V &b, V &sum) {
+  sum = Min(a, ~b) + b;
+}
+
+template <class V>
+BRISAL_INLINE void SubtractSaturated(const V &a, const V &b, V &difference) {
+  difference = Max(a, b) - b;
+}
+
 #if BRISAL_HAS_AVX2
 
 // One of them, for vectors of a size, as an instruction.
@@ -48,10 +59,19 @@ BRISAL_INLINE void MultiplyAdd(const V &a, const V &b, W &sums) {
 BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyHigh, uint16_t, uint16_t, _mm_mulhi_epu16)
 BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyHigh, int16_t, int16_t, _mm_mulhi_epi16)
 BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyAdd, uint16_t, uint32_t, _mm_madd_epi16)
+BRISAL_INSTRUCTION("sse2", 16, __m128i, AddSaturated, uint8_t, uint8_t, _mm_adds_epu8)
+BRISAL_INSTRUCTION("sse2", 16, __m128i, SubtractSaturated, uint8_t, uint8_t, _mm_subs_epu8)
+BRISAL_INSTRUCTION("sse2", 16, __m128i, SubtractSaturated, uint16_t, uint16_t, _mm_subs_epu16)
+BRISAL_INSTRUCTION("sse2", 16, __m128i, AddSaturated, uint16_t, uint16_t, _mm_adds_epu16)
 
 BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyHigh, uint16_t, uint16_t, _mm256_mulhi_epu16)
 BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyHigh, int16_t, int16_t, _mm256_mulhi_epi16)
 BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyAdd, uint16_t, uint32_t, _mm256_madd_epi16)
+BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, AddSaturated, uint8_t, uint8_t, _mm256_adds_epu8)
+BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, SubtractSaturated, uint8_t, uint8_t, _mm256_subs_epu8)
+BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, SubtractSaturated, uint16_t, uint16_t,
+                   _mm256_subs_epu16)
+BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, AddSaturated, uint16_t, uint16_t, _mm256_adds_epu16)
 
 [[gnu::target(BRISAL_AVX2)]] inline void Permute(const Vector<uint32_t, 32> &words,
                                                  const Vector<uint32_t, 32> &from,

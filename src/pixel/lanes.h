@@ -88,24 +88,10 @@ BRISAL_INLINE V Max(V a, V b) {
   return a > b ? a : b;
 }
 
-// The smaller and the larger of lanes of bytes, or of 16-bit lanes below 0x8000, where the signed
-// instruction is the one that every set has.
+// The smaller of 16-bit lanes below 0x8000, where the signed instruction is the one that every set has.
 template <class V>
 BRISAL_INLINE V Least(V a, V b) {
-  if constexpr (sizeof(a[0]) == 1) {
-    return Min(a, b);
-  } else {
-    return As<uint16_t>(Min(As<int16_t>(a), As<int16_t>(b)));
-  }
-}
-
-template <class V>
-BRISAL_INLINE V Most(V a, V b) {
-  if constexpr (sizeof(a[0]) == 1) {
-    return Max(a, b);
-  } else {
-    return As<uint16_t>(Max(As<int16_t>(a), As<int16_t>(b)));
-  }
+  return As<uint16_t>(Min(As<int16_t>(a), As<int16_t>(b)));
 }
 
 }  // namespace brisal

@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "pixel/format.h"
+#include "pixel/instructions.h"
 
 // The draw modes as function objects over a format: rule(d, s) combines the target's lanes d with
 // the written colour's lanes s. One pixel, a span and a shaded span all end here.
@@ -13,15 +14,15 @@ namespace brisal {
 template <class F>
 constexpr bool kIs16 = F::kBytes == 2;
 
-// Applies op(d, s, channel maximum) to each channel of 16-bit pixels as a small number.
-template <class F, class V, class Op>
-BRISAL_INLINE V EachSmallChannel(V d, V s, Op op) {
-  using R = typename F::Red;
-  using G = typename F::Green;
-  using B = typename F::Blue;
-  return R::FromSmall(op(R::Small(d), R::Small(s), R::kSmallMax)) |
-         G::FromSmall(op(G::Small(d), G::Small(s), G::kSmallMax)) |
-         B::FromSmall(op(B::Small(d), B::Small(s), B::kSmallMax));
+// Applies Op to each channel of 16-bit pixels where it lies. The one at the top, which saturates with the
+// lane, drops what it carried below.
+template <class F, class Op, class V>
+BRISAL_INLINE V EachChannelInPlace(V d, V s) {
+  const auto apply = [ d, s ]<class C>(C) __attribute__((always_inline)) {
+    const V channel = Op::template Apply<C::kTop>(d & C::kMask, s & C::kMask, C::kMask);
+    return C::kTop ? channel & C::kMask : channel;
+  };
+  return apply(typename F::Red{}) | apply(typename F::Green{}) | apply(typename F::Blue{});
 }
 
 // The bits of a 32-bit pixel that are channels.
@@ -118,8 +119,8 @@ struct Half : Reading<F> {
   }
 };
 
-// A mode that treats every channel alike: Op::Apply(d, s, channel maximum) on numbers that compare in
-// their lanes.
+// A mode that treats every channel alike: Op::Apply<whether a lane ends with the channel>(d, s, channel
+// maximum).
 template <class F, class Op>
 struct ChannelRule : Reading<F> {
   explicit ChannelRule(uint32_t) {}
@@ -127,34 +128,36 @@ struct ChannelRule : Reading<F> {
   template <class V>
   BRISAL_INLINE V operator()(V d, V s) const {
     if constexpr (kIs16<F>) {
-      return EachSmallChannel<F>(
-          d, s, [](auto dd, auto ss, uint16_t max) __attribute__((always_inline)) {
-            return Op::Apply(dd, ss, max);
-          });
+      return EachChannelInPlace<F, Op>(d, s);
     } else {
-      return WithoutTopByte<F>(Op::Apply(d, s, uint8_t{255}));
+      return WithoutTopByte<F>(Op::template Apply<true>(d, s, uint8_t{255}));
     }
   }
 };
 
 struct SaturatingAdd {
-  template <class V, class T>
+  template <bool kTop, class V, class T>
   BRISAL_INLINE static V Apply(V d, V s, T max) {
-    return Least(d, max - s) + s;
+    if constexpr (!kTop) return Least(d, max - s) + s;
+    V sum;
+    AddSaturated(d, s, sum);
+    return sum;
   }
 };
 
 struct SaturatingSub {
-  template <class V, class T>
+  template <bool, class V, class T>
   BRISAL_INLINE static V Apply(V d, V s, T) {
-    return Most(d, s) - s;
+    V difference;
+    SubtractSaturated(d, s, difference);
+    return difference;
   }
 };
 
 struct SaturatingRevSub {
-  template <class V, class T>
-  BRISAL_INLINE static V Apply(V d, V s, T) {
-    return s - Least(d, s);
+  template <bool kTop, class V, class T>
+  BRISAL_INLINE static V Apply(V d, V s, T max) {
+    return SaturatingSub::Apply<kTop>(s, d, max);
   }
 };
 
