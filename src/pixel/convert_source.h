@@ -42,6 +42,17 @@ BRISAL_INLINE V LoadColours(const uint8_t *p) {
   }
 }
 
+// Pixels of one 16-bit format in the other: green gains a bit, or loses one.
+template <class V>
+BRISAL_INLINE V Resized(Rgb565, V pixels555) {
+  return ((pixels555 << 1) & 0xFFC0) | (pixels555 & 0x1F);
+}
+
+template <class V>
+BRISAL_INLINE V Resized(Rgb555, V pixels565) {
+  return ((pixels565 >> 1) & 0x7FE0) | (pixels565 & 0x1F);
+}
+
 // A source of pixels in memory in another format than the target's.
 template <class T, class S>
 class Converted {
@@ -64,6 +75,8 @@ class Converted {
       const uint8_t *from = at + pixels * S::kBytes;
       if constexpr (T::kBytes == 4) {
         return {{As<uint8_t>(Colours<Vector<uint32_t, VectorBytes>>(from, 0))}};
+      } else if constexpr (T::kBytes == 2 && S::kBytes == 2) {
+        return {{Resized(T{}, LoadVector<typename G::V>(from))}};
       } else if constexpr (T::kBytes == 2) {
         using V = Vector<uint32_t, VectorBytes>;
         return {{CutWords(T::Pack(Colours<V>(from, 0)), T::Pack(Colours<V>(from, 1)))}};
