@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Checks in the built library that the instruction sets stay in their columns.
 
-Functions of the wide column must use 256-bit registers, all others must not: a kernel that was not
-inlined into its wide wrapper runs slowly there, and a wide instruction anywhere else stops the
-library on processors without it.
+Functions of the wide and the widest column must use registers of their width, all others must not: a
+kernel that was not inlined into its wrapper runs slowly there, and a wide instruction anywhere else
+stops the library on processors without it.
 """
 
 import argparse
@@ -12,8 +12,12 @@ import subprocess
 import sys
 
 HEADING = re.compile(r"^[0-9a-f]+ <(.*)>:$")
-WIDE_INSTRUCTION = re.compile(r"%ymm|%zmm|\tvzero")
-TOO_WIDE_INSTRUCTION = re.compile(r"%zmm")
+# The names of a column's functions, the registers that they must use, and those that they must not.
+COLUMNS = {
+    "widest": (re.compile(r"RunWidest\b"), re.compile(r"%[yz]mm"), None),
+    "wide": (re.compile(r"RunWide\b"), re.compile(r"%ymm"), re.compile(r"%zmm|%[xy]mm(1[6-9]|[23]\d)|%k\d")),
+    "plain": (re.compile(""), None, re.compile(r"%[yz]mm|%k\d|\tvzero")),
+}
 
 
 def run(*command):
@@ -49,41 +53,42 @@ def functions_of(disassembly):
         yield name, "\n".join(lines)
 
 
-def check(disassembly, marker):
-    complaints, wide_count, plain_count = [], 0, 0
+def column_of(name):
+    return next(column for column, (marker, _, _) in COLUMNS.items() if marker.search(own_name(name)))
+
+
+def check(disassembly):
+    complaints, counts = [], dict.fromkeys(COLUMNS, 0)
     for name, body in functions_of(disassembly):
-        uses_wide = WIDE_INSTRUCTION.search(body)
-        if not marker.search(own_name(name)):
-            plain_count += 1
-            if uses_wide:
-                complaints.append(f"wide instructions outside the wide column: {name}")
+        column = column_of(name)
+        _, needed, forbidden = COLUMNS[column]
+        if forbidden and forbidden.search(body):
+            complaints.append(f"too wide for the {column} column: {name}")
+        if "[clone .cold]" in name:
             continue
-        wide_count += "[clone .cold]" not in name
-        if not uses_wide and "[clone .cold]" not in name:
-            complaints.append(f"no wide instructions in the wide column: {name}")
-        if TOO_WIDE_INSTRUCTION.search(body):
-            complaints.append(f"512-bit registers: {name}")
-    if wide_count == 0:
-        complaints.append("no function of the wide column found: is the library stripped?")
-    return complaints, wide_count, plain_count
+        counts[column] += 1
+        if needed and not needed.search(body):
+            complaints.append(f"no wide instructions in the {column} column: {name}")
+    complaints += [f"no function of the {column} column found: is the library stripped?"
+                   for column, count in counts.items() if count == 0]
+    return complaints, counts
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     parser.add_argument("library", help="libbrisal.so with its local symbols, a release build")
-    parser.add_argument("--marker", default="RunWide", type=re.compile, metavar="RE",
-                        help="what the names of wide functions contain (default: %(default)s)")
     arguments = parser.parse_args()
     if "x86-64" not in run("objdump", "-f", arguments.library):
-        print("not a library for x86-64: there is no wide column")
+        print("not a library for x86-64: there are no wide columns")
         return
     disassembly = run("objdump", "-d", "-C", "--no-show-raw-insn", arguments.library)
-    complaints, wide_count, plain_count = check(disassembly, arguments.marker)
+    complaints, counts = check(disassembly)
     for complaint in complaints:
         print(complaint, file=sys.stderr)
     if complaints:
         sys.exit(1)
-    print(f"{wide_count} wide functions, {plain_count} plain ones, each in its column")
+    print(", ".join(f"{count} {column} functions" for column, count in counts.items()) +
+          ", each in its column")
 
 
 if __name__ == "__main__":

@@ -8,12 +8,15 @@ namespace brisal::tools {
 
 namespace {
 
-bool HasAvx2() {
-#if defined(__x86_64__) || defined(__i386__)
-  return __builtin_cpu_supports("avx2");
-#else
-  return false;
+// What the library chooses where the switch is on.
+std::string BestInstructionSet() {
+#if defined(__x86_64__) && BRISAL_AVX512
+  if (__builtin_cpu_supports("avx512vbmi")) return "avx512";
 #endif
+#if defined(__x86_64__) || defined(__i386__)
+  if (__builtin_cpu_supports("avx2")) return "avx2";
+#endif
+  return "plain";
 }
 
 }  // namespace
@@ -23,7 +26,7 @@ std::string Version() {
          std::to_string(BRSL_VERSION_PATCH);
 }
 
-std::string InstructionSet() { return BRSL_GetMMXState() == 1 && HasAvx2() ? "avx2" : "plain"; }
+std::string InstructionSet() { return BRSL_GetMMXState() == 1 ? BestInstructionSet() : "plain"; }
 
 void PrintInfo() {
   std::printf("version          %s\n", Version().c_str());

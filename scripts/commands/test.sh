@@ -13,6 +13,14 @@ digest_of() {
 
 program_in() { find "$root/build/$1" -name "$2" -type f -perm -u+x -print -quit; }
 
+# A processor with AVX-512 has run nothing yet of what others will run.
+test_avx2() {
+  grep -qi 'avx512_\?vbmi' /proc/cpuinfo || return 0
+  build avx2 brisal_tests -DBRISAL_TESTS=ON
+  step "Testing the kernels for AVX2 (avx2)"
+  "$(program_in avx2 brisal_tests)" --gtest_brief=1 || fail "tests failed (avx2)"
+}
+
 columns() {
   step "Looking for wide instructions"
   python3 "$root/scripts/check_columns.py" "$root/build/release/src/libbrisal.so" ||
@@ -35,6 +43,7 @@ test_command() {
   ctest_of release
   digest_of clang
   digest_of debug
+  test_avx2
   columns
   step "All tests passed in $SECONDS s: release, digest and hash with Clang and at -O0, columns"
 }

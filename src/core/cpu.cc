@@ -11,6 +11,20 @@ namespace brisal {
 
 #if BRISAL_HAS_AVX2
 
+namespace {
+
+bool HasAvx512() {
+#if BRISAL_HAS_AVX512
+  return __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("avx512bw") &&
+         __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl") &&
+         __builtin_cpu_supports("avx512vbmi");
+#else
+  return false;
+#endif
+}
+
+}  // namespace
+
 bool HasMmx() {
   unsigned a = 0;
   unsigned b = 0;
@@ -21,7 +35,8 @@ bool HasMmx() {
 
 Isa BestIsa() {
   __builtin_cpu_init();
-  return __builtin_cpu_supports("avx2") ? Isa::kAvx2 : Isa::kPlain;
+  if (!__builtin_cpu_supports("avx2")) return Isa::kPlain;
+  return HasAvx512() ? Isa::kAvx512 : Isa::kAvx2;
 }
 
 uint64_t CycleCount() { return __rdtsc(); }

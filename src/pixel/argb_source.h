@@ -100,10 +100,12 @@ struct Over32 {
     const auto op = [&](auto x, auto y) __attribute__((always_inline)) {
       return x * 256 + (y - x) * weight;
     };
-    const auto blended = As<uint32_t>(HighBytes(d, s, op)) & 0xFFFFFFu;
+    using Words = std::remove_const_t<decltype(ss)>;
+    // Without alpha all of the pixel stays, its top byte too.
+    const auto kept = alpha == 0 ? Splat<Words>(0xFFFFFFFFu) : Splat<Words>(0xFFFFFFu);
+    const auto blended = As<uint32_t>(HighBytes(d, s, op)) & kept;
     const auto shown = As<int32_t>(alpha) > 253 ? ss : blended;
-    const auto seen = alpha == 0 ? dd : shown;
-    return As<uint8_t>(ss == key ? dd : seen);
+    return As<uint8_t>(ss == key ? dd : shown);
   }
 
   uint32_t key;

@@ -23,7 +23,7 @@ BRISAL_INLINE T Make(uint32_t key, First... first) {
 
 // One pixel after the other; the compiler makes vectors of it where the rows do not overlap.
 template <class T, class S, class R>
-struct BlitRows {
+struct BlitRows : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Transfer &given, uint32_t key) {
     const Transfer transfer = given;
@@ -61,7 +61,7 @@ BRISAL_INLINE bool Overlap(const Transfer &t) {
 // Pixels of a source object meet the target by a rule, in vectors; where the blocks overlap, one after
 // the other.
 template <class T, class S, class Source, class R>
-struct CombineRows {
+struct CombineRows : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Transfer &given, uint32_t key) {
     const Transfer t = given;
@@ -81,7 +81,7 @@ struct CombineRows {
 
 // Pixels that keep their bytes. Where the blocks overlap, as copying one pixel after the other does.
 template <class T>
-struct CopyRows {
+struct CopyRows : UpTo64Bytes {
   static constexpr ptrdiff_t kLongRow = 1024;  // bytes from which on the C library is faster
 
   template <int VectorBytes>

@@ -24,28 +24,44 @@ template <class Kernel, class... Args>
 }
 #endif
 
+#if BRISAL_HAS_AVX512
+template <class Kernel, class... Args>
+[[gnu::target(BRISAL_AVX512), gnu::flatten]] void RunWidest(Args... args) {
+  Kernel::template Run<64>(args...);
+}
+#endif
+
+// What kernels derive from that vectors of 64 bytes pay for. The others run as wide ones at the most.
+struct UpTo64Bytes {};
+struct UpTo32Bytes {};
+
 template <class... Args>
 struct Kernels {
   using Function = void (*)(Args...);
 
   template <class Kernel>
   static constexpr Kernels Of() {
+#if BRISAL_HAS_AVX512
+    if constexpr (std::is_base_of_v<UpTo64Bytes, Kernel>) {
+      return {{&RunPlain<Kernel, Args...>, &RunWide<Kernel, Args...>, &RunWidest<Kernel, Args...>}};
+    }
+#endif
 #if BRISAL_HAS_AVX2
-    return {{&RunPlain<Kernel, Args...>, &RunWide<Kernel, Args...>}};
+    return {{&RunPlain<Kernel, Args...>, &RunWide<Kernel, Args...>, &RunWide<Kernel, Args...>}};
 #else
-    return {{&RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>}};
+    return PlainOf<Kernel>();
 #endif
   }
 
   // For kernels that wider vectors do nothing for.
   template <class Kernel>
   static constexpr Kernels PlainOf() {
-    return {{&RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>}};
+    return {{&RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>}};
   }
 
   constexpr Function For(Isa isa) const { return columns[static_cast<size_t>(isa)]; }
 
-  Function columns[2];
+  Function columns[4];  // a power of two: small jobs feel the multiplication by three
 };
 
 // Cells that are the same operation share one kernel. Formats 4 and 5 always do.

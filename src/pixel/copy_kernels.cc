@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <type_traits>
 
 #include "pixel/column.h"
@@ -31,7 +32,7 @@ int32_t FindMaskRow(const TexelPath &given, ptrdiff_t n, int32_t rows) {
 }
 
 template <class F, bool Keyed>
-struct CopySpans {
+struct CopySpans : UpTo64Bytes {
   // The key is not looked for in vectors of three-byte pixels.
   static constexpr bool kCombines = !Keyed || F::kBytes != 3;
 
@@ -58,7 +59,8 @@ struct CopySpans {
       // Paths along a row of the texture may be stretched ones, which permute whole vectors.
       if constexpr (F::kBytes != 3) {
         if (path.dv != 0 && HasNearRows(path)) {
-          Combine<VectorBytes>(path, n, pixels, Texels<F, VectorBytes>(path));
+          constexpr int kBytes = std::min(VectorBytes, kMostPlaceBytes);
+          Combine<kBytes>(path, n, pixels, Texels<F, kBytes>(path));
           continue;
         }
       }

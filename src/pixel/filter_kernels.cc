@@ -9,7 +9,7 @@ namespace {
 
 BRISAL_INLINE uint32_t Byte(uint32_t colour, int shift) { return colour >> shift & 0xFF; }
 
-struct FadeColours {
+struct FadeColours : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(uint8_t *bytes, int n, uint32_t factor) {
     if (factor <= 256) {
@@ -26,7 +26,7 @@ struct FadeColours {
   }
 };
 
-struct GreyColours {
+struct GreyColours : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(uint8_t *colours, int n) {
     for (int i = 0; i < n; ++i) {
@@ -46,7 +46,7 @@ struct ColumnSums {
 };
 
 // One piece of a row at a time: sums down the columns first, then across.
-struct BlurColours {
+struct BlurColours : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const BlurRows *given) {
     const BlurRows blur = *given;

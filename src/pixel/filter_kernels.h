@@ -18,7 +18,7 @@ GreyKernel FindGreyKernel(Isa isa);
 constexpr int kBlurEntries = 9 * 256;
 
 // The memory of a blur's rows is read and written in whole vectors: their length rounded up to these.
-constexpr int kBlurStep = 8;
+constexpr int kBlurStep = 16;
 
 // Three rows of colours, from which a blurred one is made. The table holds what becomes of a sum of
 // nine bytes; where a factor other than 0 is given, min(sum * factor >> 16, 255) is the same.

@@ -22,7 +22,13 @@ BRISAL_INLINE auto OneOf(uint32_t packed) {
 // Words of 24-bit pixels repeat after three.
 template <class V, int First, size_t... I>
 BRISAL_INLINE V RepeatedWords(Vector<uint32_t, 16> three, std::index_sequence<I...>) {
-  return As<uint8_t>(__builtin_shufflevector(three, three, ((First + I) % 3)...));
+  if constexpr (sizeof(V) > 32) {
+    const auto twice = __builtin_shufflevector(three, three, 0, 1, 2, 3, 0, 1, 2, 3);
+    const auto wide = __builtin_shufflevector(twice, twice, (I % 8)...);
+    return As<uint8_t>(__builtin_shufflevector(wide, wide, ((First + I) % 3)...));
+  } else {
+    return As<uint8_t>(__builtin_shufflevector(three, three, ((First + I) % 3)...));
+  }
 }
 
 // A source of one packed colour, repeated. Its groups are made in registers: small jobs would wait for
@@ -68,5 +74,8 @@ class Flat {
  private:
   uint32_t packed_;
 };
+
+template <class F, class R>
+constexpr bool kPaysInParts<Flat<F>, R> = R::kReadsTarget;
 
 }  // namespace brisal

@@ -73,6 +73,18 @@ BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, SubtractSaturated, uint16_t, uint16
                    _mm256_subs_epu16)
 BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, AddSaturated, uint16_t, uint16_t, _mm256_adds_epu16)
 
+#if BRISAL_HAS_AVX512
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyHigh, uint16_t, uint16_t, _mm512_mulhi_epu16)
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyHigh, int16_t, int16_t, _mm512_mulhi_epi16)
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyAdd, uint16_t, uint32_t, _mm512_madd_epi16)
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, AddSaturated, uint8_t, uint8_t, _mm512_adds_epu8)
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, SubtractSaturated, uint8_t, uint8_t,
+                   _mm512_subs_epu8)
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, SubtractSaturated, uint16_t, uint16_t,
+                   _mm512_subs_epu16)
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, AddSaturated, uint16_t, uint16_t, _mm512_adds_epu16)
+#endif
+
 [[gnu::target(BRISAL_AVX2)]] inline void Permute(const Vector<uint32_t, 32> &words,
                                                  const Vector<uint32_t, 32> &from,
                                                  Vector<uint32_t, 32> &permuted) {
@@ -81,6 +93,18 @@ BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, AddSaturated, uint16_t, uint16_t, _
 
 #undef BRISAL_INSTRUCTION
 
+#if BRISAL_HAS_AVX512
+// The first 1 to 64 bytes of a vector: nothing behind them is read, or written.
+[[gnu::target(BRISAL_AVX512)]] inline void LoadFirst(const uint8_t *p, ptrdiff_t bytes,
+                                                     Vector<uint8_t, 64> &v) {
+  v = (Vector<uint8_t, 64>)_mm512_maskz_loadu_epi8(~uint64_t{0} >> (64 - bytes), p);
+}
+
+[[gnu::target(BRISAL_AVX512)]] inline void StoreFirst(uint8_t *p, ptrdiff_t bytes,
+                                                      const Vector<uint8_t, 64> &v) {
+  _mm512_mask_storeu_epi8(p, ~uint64_t{0} >> (64 - bytes), (__m512i)v);
+}
+#endif
 #endif
 
 }  // namespace brisal

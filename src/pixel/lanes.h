@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "core/cpu.h"
+
 // Vectors of channels. The compiler's generic vectors are used throughout: the same source becomes
 // whatever instructions the function that it is inlined into may use.
 
@@ -30,6 +32,15 @@ BRISAL_INLINE V LoadVector(const uint8_t *p) {
 template <class V>
 BRISAL_INLINE void StoreVector(uint8_t *p, V v) {
   std::memcpy(p, &v, sizeof v);
+}
+
+// Keeps what is used several times in a register: GCC would load the widest anew for each use.
+template <class V>
+BRISAL_INLINE V Held(V v) {
+#if BRISAL_HAS_AVX512 && !defined(__clang__)
+  if constexpr (sizeof(V) == 64) asm("" : "+v"(v));
+#endif
+  return v;
 }
 
 // The same bits as lanes of another type.
@@ -63,6 +74,8 @@ BRISAL_INLINE V SplatLaneOf(W lanes, std::index_sequence<I...>) {
 // One lane of `lanes` in every lane.
 template <class V, int Lane, class W>
 BRISAL_INLINE V SplatLane(W lanes) {
+  // GCC widens by way of memory where that is more than twice as wide.
+  if constexpr (sizeof(V) > 2 * sizeof(W)) return Splat<V>(lanes[Lane]);
   return SplatLaneOf<V, Lane>(lanes, std::make_index_sequence<sizeof(V) / sizeof(lanes[0])>{});
 }
 

@@ -9,7 +9,7 @@ namespace brisal {
 namespace {
 
 template <class F, class R>
-struct MixRows {
+struct MixRows : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Transfer &given, const uint8_t *with, ptrdiff_t withPitch) {
     const Transfer transfer = given;

@@ -43,7 +43,7 @@ BRISAL_INLINE V WithoutTopByte(V pixels) {
 // and keeps the high byte of each result.
 template <class V, class Op>
 BRISAL_INLINE V HighBytes(V d, V s, Op op) {
-  const auto dd = As<uint16_t>(d);
+  const auto dd = As<uint16_t>(Held(d));
   const auto ss = As<uint16_t>(s);
   const auto even = op(dd & 0xFF, ss & 0xFF) >> 8;
   const auto odd = op(dd >> 8, ss >> 8) & 0xFF00;
@@ -87,6 +87,7 @@ struct Alpha : Reading<F> {
   template <class V>
   BRISAL_INLINE V operator()(V d, V s) const {
     if constexpr (kIs16<F>) {
+      d = Held(d);
       return BlendChannel<typename F::Red>(d, s) | BlendChannel<typename F::Green>(d, s) |
              BlendChannel<typename F::Blue>(d, s);
     } else {
@@ -128,7 +129,7 @@ struct ChannelRule : Reading<F> {
   template <class V>
   BRISAL_INLINE V operator()(V d, V s) const {
     if constexpr (kIs16<F>) {
-      return EachChannelInPlace<F, Op>(d, s);
+      return EachChannelInPlace<F, Op>(Held(d), s);
     } else {
       return WithoutTopByte<F>(Op::template Apply<true>(d, s, uint8_t{255}));
     }
@@ -189,6 +190,7 @@ struct Mult : Reading<F> {
   template <class V>
   BRISAL_INLINE V operator()(V d, V s) const {
     if constexpr (kIs16<F>) {
+      d = Held(d);
       return Product<typename F::Red>(d, s) | Product<typename F::Green>(d, s) |
              Product<typename F::Blue>(d, s);
     } else {

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "pixel/format.h"
+#include "pixel/instructions.h"
 
 // Combining a run of pixels with a source of colours, in vectors of whatever width the caller's
 // column has. A source gives single pixels (One) and a cursor at its start (Start), which gives the
@@ -123,6 +124,25 @@ BRISAL_INLINE void CombineGroups(uint8_t *to, const uint8_t *from, ptrdiff_t n, 
   tail.Store(end);
 }
 
+// Whether runs shorter than a group are fastest as one of which only the first bytes are loaded and
+// stored. The source must read no memory then.
+template <class Source, class R>
+constexpr bool kPaysInParts = false;
+
+template <class F, int VectorBytes, class R, class Source>
+BRISAL_INLINE void CombinePart(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
+                               const Source &source) {
+  const auto s = source.template Start<VectorBytes>().Get();
+  int part = 0;
+  for (ptrdiff_t rest = n * F::kBytes; rest > 0; rest -= VectorBytes, ++part) {
+    const ptrdiff_t bytes = rest < VectorBytes ? rest : VectorBytes;
+    Vector<uint8_t, VectorBytes> d = {};
+    if constexpr (R::kReadsTarget) LoadFirst(from + part * VectorBytes, bytes, d);
+    const auto combined = rule(As<typename F::Lane>(d), s.part[part]);
+    StoreFirst(to + part * VectorBytes, bytes, As<uint8_t>(combined));
+  }
+}
+
 // Combines the n >= 1 pixels at `from` with the source and stores them at `to`, mostly the same
 // place. A run that no wide group fits into takes narrower ones, so that hardly any length needs single
 // pixels; there are at most two then.
@@ -130,7 +150,9 @@ template <class F, int VectorBytes, bool kIsLong = true, class R, class Source>
 BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, const R &rule,
                               const Source &source) {
   if (n < Group<F, VectorBytes>::kPixels) {
-    if constexpr (VectorBytes > 4) {
+    if constexpr (VectorBytes == 64 && kPaysInParts<Source, R>) {
+      return CombinePart<F, VectorBytes>(to, from, n, rule, source);
+    } else if constexpr (VectorBytes > 4) {
       return CombineRun<F, VectorBytes / 2, false>(to, from, n, rule, source);
     } else {
       return CombineSinglePixels<F>(to, from, n, rule, source);

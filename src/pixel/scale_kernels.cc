@@ -31,7 +31,7 @@ struct WeighedBytes {
 };
 
 template <class F>
-struct FilterRow {
+struct FilterRow : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const TexelPath &given, int n, uint32_t *colours) {
     const TexelPath path = given;
@@ -40,7 +40,7 @@ struct FilterRow {
            Whole(path.u + path.du * static_cast<uint32_t>(inside - 1)) + 1 >= path.width) {
       --inside;
     }
-    if (VectorBytes == 32 && IsStretched(path, inside)) {
+    if (VectorBytes >= 32 && IsStretched(path, inside)) {
       FilterStretched(path, inside, colours);
     } else if (inside > 0) {
       FilterPairs<VectorBytes>(path, inside, colours);
@@ -96,7 +96,7 @@ struct Between {
   uint32_t weight;
 };
 
-struct BlendRows {
+struct BlendRows : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const uint32_t *top, const uint32_t *bottom, uint32_t weight, int n,
                                 uint8_t *colours) {
@@ -109,7 +109,7 @@ struct BlendRows {
   }
 };
 
-struct WeighNeighbours {
+struct WeighNeighbours : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Neighbours &given, uint32_t u, uint32_t du, uint32_t v, int n,
                                 uint8_t *colours) {

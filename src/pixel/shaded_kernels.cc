@@ -16,7 +16,7 @@ BRISAL_INLINE bool Vanishes(const ShadedSpan &span) {
 }
 
 template <class F, class R>
-struct ShadedSpans {
+struct ShadedSpans : UpTo64Bytes {
   static constexpr int kBatch = 16;
 
   template <int VectorBytes>

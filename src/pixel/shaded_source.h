@@ -112,4 +112,7 @@ class Shaded {
   FixedColour step_;
 };
 
+template <class F, class R>
+constexpr bool kPaysInParts<Shaded<F>, R> = true;
+
 }  // namespace brisal

@@ -7,8 +7,12 @@
 namespace brisal {
 namespace {
 
+// Storing three vectors at a time is no faster than storing six halves of them.
 template <class F, class R>
-struct FlatSpans {
+using FlatWidth = std::conditional_t<F::kBytes == 3 && !R::kReadsTarget, UpTo32Bytes, UpTo64Bytes>;
+
+template <class F, class R>
+struct FlatSpans : FlatWidth<F, R> {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const FlatSpan *spans, ptrdiff_t count, uint8_t *row,
                                 ptrdiff_t pitch, uint32_t packed, uint32_t alpha) {
@@ -24,7 +28,7 @@ struct FlatSpans {
 };
 
 template <class F, class R>
-struct Trapezoids {
+struct Trapezoids : FlatWidth<F, R> {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Trapezoid &given, uint32_t packed, uint32_t alpha) {
     Trapezoid t = given;
@@ -41,7 +45,7 @@ struct Trapezoids {
 };
 
 template <class F, class R>
-struct Block {
+struct Block : FlatWidth<F, R> {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(uint8_t *first, ptrdiff_t pitch, ptrdiff_t width, ptrdiff_t rows,
                                 uint32_t packed, uint32_t alpha) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -93,6 +94,9 @@ class NearTexels {
   Words v_;
 };
 
+// Places leave a wider vector no faster.
+constexpr int kMostPlaceBytes = 32;
+
 template <class F, int VectorBytes, class Take>
 BRISAL_INLINE void ForEachNearTexel(const TexelPath &path, int n, Take take) {
   NearTexels<F, VectorBytes> places(path);
@@ -111,7 +115,9 @@ BRISAL_INLINE void ForEachNearTexel(const TexelPath &path, int n, Take take) {
 // Calls take(i, address) for each of n texels.
 template <class F, int VectorBytes, class Take>
 BRISAL_INLINE void ForEachTexel(const TexelPath &path, int n, Take take) {
-  if (HasNearRows(path)) return ForEachNearTexel<F, VectorBytes>(path, n, take);
+  if (HasNearRows(path)) {
+    return ForEachNearTexel<F, std::min(VectorBytes, kMostPlaceBytes)>(path, n, take);
+  }
   uint32_t u = path.u;
   uint32_t v = path.v;
   for (int i = 0; i < n; ++i, u += path.du, v += path.dv) {
@@ -154,7 +160,7 @@ BRISAL_INLINE void ForEachStretch(const TexelPath &path, int n, Take take) {
 // Copies a stretched row of words, where the set can permute them. False where it has not.
 template <int VectorBytes>
 BRISAL_INLINE bool CopiesStretched(const TexelPath &path, int n, uint8_t *to) {
-  if constexpr (VectorBytes != 32) return false;
+  if constexpr (VectorBytes < 32) return false;
   if (!IsStretched(path, n)) return false;
   const uint8_t *row = path.address + Whole(path.v) * path.pitch;
   ForEachStretch(

@@ -10,14 +10,23 @@
 
 namespace brisal {
 
+// Where byte i of compacted words comes from.
+constexpr size_t CompactedFrom(size_t i) {
+  const size_t within = i % 16;
+  return i - within + (within < 12 ? within / 3 * 4 + within % 3 : 3);
+}
+
+template <class V, size_t... I>
+BRISAL_INLINE V CompactBytes(V words, std::index_sequence<I...>) {
+  const auto b = As<uint8_t>(words);
+  return As<uint32_t>(__builtin_shufflevector(b, b, CompactedFrom(I)...));
+}
+
 // Words whose low three bytes count, moved together within each 16 bytes, of which 12 are left.
 template <class V>
 BRISAL_INLINE V Compact(V words) {
-  if constexpr (sizeof(V) == 32) {
-    const auto b = As<uint8_t>(words);
-    return As<uint32_t>(__builtin_shufflevector(b, b, 0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 3, 3,
-                                                3, 3, 16, 17, 18, 20, 21, 22, 24, 25, 26, 28, 29,
-                                                30, 19, 19, 19, 19));
+  if constexpr (sizeof(V) > 16) {
+    return CompactBytes(words, std::make_index_sequence<sizeof(V)>{});
   } else {
     // The plain set has no byte shuffle: pair the words, then the pairs, by shifts.
     static_assert(sizeof(V) == 16);
@@ -74,24 +83,37 @@ BRISAL_INLINE Group<F, VectorBytes> JoinTriples(Words words) {
   }
 }
 
+template <class V, size_t... I>
+BRISAL_INLINE V SwapBytes(V words, std::index_sequence<I...>) {
+  const auto b = As<uint8_t>(words);
+  const Vector<uint8_t, sizeof(V)> zero = {};
+  return As<uint32_t>(__builtin_shufflevector(
+      b, zero, (I % 4 < 3 ? I / 4 * 4 + 2 - I % 4 : I / 4 * 4 + sizeof(V))...));
+}
+
 // Words with their first and third byte exchanged, and the fourth 0.
 template <class V>
 BRISAL_INLINE V SwapRedBlue(V words) {
-  if constexpr (sizeof(V) == 32) {
-    const auto b = As<uint8_t>(words);
-    const Vector<uint8_t, sizeof(V)> zero = {};
-    return As<uint32_t>(__builtin_shufflevector(b, zero, 2, 1, 0, 32, 6, 5, 4, 32, 10, 9, 8, 32, 14,
-                                                13, 12, 32, 18, 17, 16, 48, 22, 21, 20, 48, 26, 25,
-                                                24, 48, 30, 29, 28, 48));
+  if constexpr (sizeof(V) > 16) {
+    return SwapBytes(words, std::make_index_sequence<sizeof(V)>{});
   } else {
     return ((words >> 16) & 0xFFu) | (words & 0xFF00u) | ((words & 0xFFu) << 16);
   }
 }
 
+template <class V, size_t... I>
+BRISAL_INLINE auto Joined(V low, V high, std::index_sequence<I...>) {
+  return __builtin_shufflevector(low, high, I...);
+}
+
 // As many pixels of three bytes as V has words, as colours 0x00RRGGBB. Nothing behind them is read.
 template <class V>
 BRISAL_INLINE V LoadTriples(const uint8_t *p) {
-  if constexpr (sizeof(V) == 32) {
+  if constexpr (sizeof(V) == 64) {
+    using Half = Vector<uint32_t, 32>;
+    return Joined(LoadTriples<Half>(p), LoadTriples<Half>(p + 24),
+                  std::make_index_sequence<sizeof(V) / 4>{});
+  } else if constexpr (sizeof(V) == 32) {
     // The second half is read with its end at the end of its 16 bytes.
     using Half = Vector<uint8_t, 16>;
     const Half low = LoadVector<Half>(p);
