@@ -82,13 +82,15 @@ struct CombineRows : UpTo64Bytes {
 // Pixels that keep their bytes. Where the blocks overlap, as copying one pixel after the other does.
 template <class T>
 struct CopyRows : UpTo64Bytes {
-  static constexpr ptrdiff_t kLongRow = 1024;  // bytes from which on the C library is faster
+  // Bytes from which on the C library is faster.
+  template <int VectorBytes>
+  static constexpr ptrdiff_t kLongRow = VectorBytes == 64 ? 8192 : 1024;
 
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Transfer &given, uint32_t) {
     const Transfer t = given;
     const size_t bytes = static_cast<size_t>(t.width) * T::kBytes;
-    if (t.width * T::kBytes < kLongRow && !Overlap<T, T>(t)) {
+    if (t.width * T::kBytes < kLongRow<VectorBytes> && !Overlap<T, T>(t)) {
       return CombineBlock<T, VectorBytes>(
           t.to, t.toPitch, t.width, t.rows,
           Solid<T>(0), [&](int64_t row) __attribute__((always_inline)) {
