@@ -247,6 +247,12 @@ TEST_F(Scenes, WhatLiesAtTheViewportsEdges) {
   Scene_Write_Capture_Circle(&r, 0, INT32_MAX - 2, 10, 0, 8, 0xFFFFFF);
   EXPECT_LT(r.vertices[1].x, 0);
   EXPECT_TRUE(draws([&] { Scene_Render_Captured_Circle(&r, INT32_MAX - 20, 0); }));
+  // The longest distance is no radius.
+  r.vertices[0].x = 0;
+  for (int32_t end : {INT32_MIN, INT32_MIN + 1}) {
+    r.vertices[1].x = end;
+    EXPECT_EQ(draws([&] { Scene_Render_Captured_Circle(&r, 0, 0); }), end != INT32_MIN);
+  }
 }
 
 // Any contents and offsets: the test is that nothing is written outside and nothing overflows.

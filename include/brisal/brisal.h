@@ -2132,7 +2132,7 @@ BRSL_API void BRSL_CALL Scene_Render_Captured_ShadeBox(const Scene_Record *recor
 
 /*
  * Draws record as BRSL_Circle does around vertex 0 with the radius |x1' - x0'| in the colour of
- * vertex 0, by its flags.
+ * vertex 0, by its flags. A radius of 2^31 becomes -2^31.
  * dx, dy: scroll offset. Drawn where the square around it shows in the viewport, right and bottom
  * excluded.
  */

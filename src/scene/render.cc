@@ -56,8 +56,9 @@ void CapturedCommand::RenderRound(Point centre, int64_t rx, int64_t ry) const {
   const int64_t cx = centre.x;
   const int64_t cy = centre.y;
   if (!Shows(cx - rx, cy - ry, cx + rx, cy + ry)) return;
-  DrawEllipse(work_.canvas, work_.quarter, work_.texture.spans, {cx, cy, rx, ry}, Vertex(0).colour,
-              record_.flags);
+  // Radii have 32 bits, in which 2^31 is below 0.
+  DrawEllipse(work_.canvas, work_.quarter, work_.texture.spans, {cx, cy, Wrap(rx), Wrap(ry)},
+              Vertex(0).colour, record_.flags);
 }
 
 void CapturedCommand::RenderCircle() const {
