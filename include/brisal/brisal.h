@@ -1171,7 +1171,8 @@ BRSL_API int32_t BRSL_CALL TPD_Free(TPD_Pipeline *pipeline);
  * outputBuffer: TPD_TEXELS or TPD_GOURAUD (bit 0 counts). a, b, c, d: the arguments; d is not used.
  * Entry i of either buffer belongs to texel i of the span, not counting those that were cut out. The
  * Gouraud buffer outlasts spans and calls: where the pipeline makes no colours for it, effects find what
- * spans before them left in its entries, 0 at first. Of spans with more texels it keeps 4096 entries.
+ * spans before them left in its entries, 0 at first. It keeps 4096 entries; those of further texels of a
+ * span begin at 0.
  * Returns 0.
  */
 BRSL_API int32_t BRSL_CALL TPD_AddTexelEffect(TPD_Pipeline *pipeline, int32_t code,

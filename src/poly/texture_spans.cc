@@ -96,7 +96,7 @@ class TexturePainter {
     // What belongs to the span is packed, as entries of the buffer outlive it.
     const bool hasGaps = runs.run[0].length < n;
     const int shown = hasGaps ? PackRuns(runs, texels, texels) : n;
-    uint32_t *const shades = gouraud_.From(shaded_);
+    uint32_t *const shades = gouraud_.From(shaded_, shown);
     if (pipeline_.gouraudState == 1) {
       uint32_t ramp[kPiece];
       ramp_(&span, first, n, hasGaps ? ramp : shades);

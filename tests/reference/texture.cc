@@ -111,6 +111,7 @@ void Reference::TexturedSpan(const BRSL_SurfaceDesc &texture, const TPD_Pipeline
                                         : Widened(texture.format, stored(i));
     if (gouraud_.size() <= shown) gouraud_.resize(shown + 1);
     uint32_t &gouraud = gouraud_[shown++];
+    if (shown > 4096) gouraud = 0;
     if (p.gouraudState && !direct) gouraud = GouraudColour(row, i);
     PlotTexel(p, texture.format == 5, x, row.y, AfterEffects(p, texel, gouraud));
   }
