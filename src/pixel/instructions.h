@@ -48,50 +48,36 @@ BRISAL_INLINE void SubtractSaturated(const V &a, const V &b, V &difference) {
 
 #if BRISAL_HAS_AVX2
 
-// One of them, for vectors of a size, as an instruction.
+// One of them for vectors of a size, and all that every set has.
 #define BRISAL_INSTRUCTION(isa, Bytes, Register, Name, Lane, ResultLane, instruction) \
   [[gnu::target(isa)]] inline void Name(const Vector<Lane, Bytes> &a,                 \
                                         const Vector<Lane, Bytes> &b,                 \
                                         Vector<ResultLane, Bytes> &result) {          \
     result = (Vector<ResultLane, Bytes>)instruction((Register)a, (Register)b);        \
   }
+#define BRISAL_INSTRUCTIONS(isa, Bytes, Register, mm)                                           \
+  BRISAL_INSTRUCTION(isa, Bytes, Register, MultiplyHigh, uint16_t, uint16_t, mm##_mulhi_epu16)  \
+  BRISAL_INSTRUCTION(isa, Bytes, Register, MultiplyHigh, int16_t, int16_t, mm##_mulhi_epi16)    \
+  BRISAL_INSTRUCTION(isa, Bytes, Register, MultiplyAdd, uint16_t, uint32_t, mm##_madd_epi16)    \
+  BRISAL_INSTRUCTION(isa, Bytes, Register, AddSaturated, uint8_t, uint8_t, mm##_adds_epu8)      \
+  BRISAL_INSTRUCTION(isa, Bytes, Register, AddSaturated, uint16_t, uint16_t, mm##_adds_epu16)   \
+  BRISAL_INSTRUCTION(isa, Bytes, Register, SubtractSaturated, uint8_t, uint8_t, mm##_subs_epu8) \
+  BRISAL_INSTRUCTION(isa, Bytes, Register, SubtractSaturated, uint16_t, uint16_t, mm##_subs_epu16)
 
-BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyHigh, uint16_t, uint16_t, _mm_mulhi_epu16)
-BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyHigh, int16_t, int16_t, _mm_mulhi_epi16)
-BRISAL_INSTRUCTION("sse2", 16, __m128i, MultiplyAdd, uint16_t, uint32_t, _mm_madd_epi16)
-BRISAL_INSTRUCTION("sse2", 16, __m128i, AddSaturated, uint8_t, uint8_t, _mm_adds_epu8)
-BRISAL_INSTRUCTION("sse2", 16, __m128i, SubtractSaturated, uint8_t, uint8_t, _mm_subs_epu8)
-BRISAL_INSTRUCTION("sse2", 16, __m128i, SubtractSaturated, uint16_t, uint16_t, _mm_subs_epu16)
-BRISAL_INSTRUCTION("sse2", 16, __m128i, AddSaturated, uint16_t, uint16_t, _mm_adds_epu16)
-
-BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyHigh, uint16_t, uint16_t, _mm256_mulhi_epu16)
-BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyHigh, int16_t, int16_t, _mm256_mulhi_epi16)
-BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyAdd, uint16_t, uint32_t, _mm256_madd_epi16)
-BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, AddSaturated, uint8_t, uint8_t, _mm256_adds_epu8)
-BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, SubtractSaturated, uint8_t, uint8_t, _mm256_subs_epu8)
-BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, SubtractSaturated, uint16_t, uint16_t,
-                   _mm256_subs_epu16)
-BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, AddSaturated, uint16_t, uint16_t, _mm256_adds_epu16)
-
+BRISAL_INSTRUCTIONS("sse2", 16, __m128i, _mm)
+BRISAL_INSTRUCTIONS(BRISAL_AVX2, 32, __m256i, _mm256)
 #if BRISAL_HAS_AVX512
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyHigh, uint16_t, uint16_t, _mm512_mulhi_epu16)
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyHigh, int16_t, int16_t, _mm512_mulhi_epi16)
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyAdd, uint16_t, uint32_t, _mm512_madd_epi16)
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, AddSaturated, uint8_t, uint8_t, _mm512_adds_epu8)
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, SubtractSaturated, uint8_t, uint8_t,
-                   _mm512_subs_epu8)
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, SubtractSaturated, uint16_t, uint16_t,
-                   _mm512_subs_epu16)
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, AddSaturated, uint16_t, uint16_t, _mm512_adds_epu16)
+BRISAL_INSTRUCTIONS(BRISAL_AVX512, 64, __m512i, _mm512)
 #endif
+
+#undef BRISAL_INSTRUCTIONS
+#undef BRISAL_INSTRUCTION
 
 [[gnu::target(BRISAL_AVX2)]] inline void Permute(const Vector<uint32_t, 32> &words,
                                                  const Vector<uint32_t, 32> &from,
                                                  Vector<uint32_t, 32> &permuted) {
   permuted = (Vector<uint32_t, 32>)_mm256_permutevar8x32_epi32((__m256i)words, (__m256i)from);
 }
-
-#undef BRISAL_INSTRUCTION
 
 #if BRISAL_HAS_AVX512
 // The first 1 to 64 bytes of a vector: nothing behind them is read, or written.
