@@ -79,28 +79,37 @@ template <int kBytes>
   Put(last, value);
 }
 
-// In vectors of kBytes, or of half of them where a run is shorter.
-template <int kBytes>
-[[gnu::always_inline]] inline void StoreRuns(const std::vector<Run> &runs, uint8_t *base) {
+// Writes each run the given way, in vectors of kBytes, or narrower where it is shorter.
+template <int kBytes, class Way>
+[[gnu::always_inline]] inline void WriteRuns(const std::vector<Run> &runs, uint8_t *base, Way way) {
   for (const Run &run : runs) {
+    uint8_t *const p = base + run.offset;
     if (run.size >= kBytes) {
-      StoreWide<kBytes>(base + run.offset, run.size);
+      way.template Wide<kBytes>(p, run.size);
     } else if (run.size >= 32) {
-      StoreWide<32>(base + run.offset, run.size);
+      way.template Wide<32>(p, run.size);
     } else {
-      StoreShort(base + run.offset, run.size);
+      way.Short(p, run.size);
     }
   }
 }
 
+struct Storing {
+  template <int kBytes>
+  [[gnu::always_inline]] static inline void Wide(uint8_t *p, int64_t n) {
+    StoreWide<kBytes>(p, n);
+  }
+  static void Short(uint8_t *p, int64_t n) { StoreShort(p, n); }
+};
+
 [[gnu::target("avx2"), gnu::flatten]] void WithWideStores(const std::vector<Run> &runs,
                                                           uint8_t *base) {
-  StoreRuns<32>(runs, base);
+  WriteRuns<32>(runs, base, Storing{});
 }
 
 [[gnu::target("avx512bw"), gnu::flatten]] void WithWidestStores(const std::vector<Run> &runs,
                                                                 uint8_t *base) {
-  StoreRuns<64>(runs, base);
+  WriteRuns<64>(runs, base, Storing{});
 }
 
 [[gnu::target("avx2")]] void StoreStreaming(uint8_t *p, int64_t n) {
@@ -148,26 +157,21 @@ template <int kBytes>
   Put(last, tail);
 }
 
-template <int kBytes>
-[[gnu::always_inline]] inline void FlipRuns(const std::vector<Run> &runs, uint8_t *base) {
-  for (const Run &run : runs) {
-    if (run.size >= kBytes) {
-      FlipWide<kBytes>(base + run.offset, run.size);
-    } else if (run.size >= 32) {
-      FlipWide<32>(base + run.offset, run.size);
-    } else {
-      FlipShort(base + run.offset, run.size);
-    }
+struct Flipping {
+  template <int kBytes>
+  [[gnu::always_inline]] static inline void Wide(uint8_t *p, int64_t n) {
+    FlipWide<kBytes>(p, n);
   }
-}
+  static void Short(uint8_t *p, int64_t n) { FlipShort(p, n); }
+};
 
 [[gnu::target("avx2"), gnu::flatten]] void WithFlips(const std::vector<Run> &runs, uint8_t *base) {
-  FlipRuns<32>(runs, base);
+  WriteRuns<32>(runs, base, Flipping{});
 }
 
 [[gnu::target("avx512bw"), gnu::flatten]] void WithWidestFlips(const std::vector<Run> &runs,
                                                                uint8_t *base) {
-  FlipRuns<64>(runs, base);
+  WriteRuns<64>(runs, base, Flipping{});
 }
 
 template <int kBytes>
