@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #include "pixel/convert_source.h"
 #include "pixel/format.h"

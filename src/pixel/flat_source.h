@@ -23,6 +23,7 @@ BRISAL_INLINE auto OneOf(uint32_t packed) {
 template <class V, int First, size_t... I>
 BRISAL_INLINE V RepeatedWords(Vector<uint32_t, 16> three, std::index_sequence<I...>) {
   if constexpr (sizeof(V) > 32) {
+    // Widened in steps: GCC would go by way of memory.
     const auto twice = __builtin_shufflevector(three, three, 0, 1, 2, 3, 0, 1, 2, 3);
     const auto wide = __builtin_shufflevector(twice, twice, (I % 8)...);
     return As<uint8_t>(__builtin_shufflevector(wide, wide, ((First + I) % 3)...));

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+
 #include "core/cpu.h"
 #include "pixel/lanes.h"
 
@@ -8,9 +12,9 @@
 #endif
 
 // What the generic vectors have no name for: the words that the lanes of `from` number, the high halves
-// of products of 16-bit lanes, and the sums of the signed products of neighbouring ones. By reference,
-// since vectors of a set that the caller may lack have no agreed way of being passed; inlined, that makes
-// no difference.
+// of products of 16-bit lanes, the sums of the signed products of neighbouring ones, and sums and
+// differences that saturate. By reference, since vectors of a set that the caller may lack have no agreed
+// way of being passed; inlined, that makes no difference.
 
 namespace brisal {
 
