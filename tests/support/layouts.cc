@@ -1,6 +1,7 @@
 #include "support/layouts.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdlib>
 
 #include "support/arguments.h"
@@ -51,7 +52,11 @@ Layout Masked(Random &random, Layout layout) {
 
 void SetFormat(Random &random, Layout &layout, int32_t format) {
   layout.format = format;
-  const int32_t pitch = layout.width * kFormatBytes[format] + random.Between(0, 9);
+  const int32_t bytes = kFormatBytes[format];
+  // Textures mostly have rows of a power of two of texels.
+  const auto packed = static_cast<int32_t>(std::bit_ceil(static_cast<uint32_t>(layout.width)));
+  const int32_t pitch =
+      random.OneIn(3) ? packed * bytes : layout.width * bytes + random.Between(0, 9);
   layout.pitch = layout.pitch < 0 ? -pitch : pitch;
 }
 
