@@ -33,75 +33,70 @@ int32_t FindMaskRow(const TexelPath &given, ptrdiff_t n, int32_t rows) {
 
 template <class F, bool Keyed>
 struct CopySpans : UpTo64Bytes {
-  // The key is not looked for in vectors of three-byte pixels.
-  static constexpr bool kCombines = !Keyed || F::kBytes != 3;
-
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const TexelPath &texture, const Span *spans, int64_t count,
                                 const Buffer &target, bool skipsMask) {
-    TexelPath path = texture;
-    for (const Span *span = spans; span < spans + count; ++span) {
-      const ptrdiff_t n = Length(*span);
-      if (n < 1) continue;
-      path.u = static_cast<uint32_t>(span->u);
-      path.v = static_cast<uint32_t>(span->v);
-      path.du = static_cast<uint32_t>(span->du);
-      path.dv = static_cast<uint32_t>(span->dv);
-      if (skipsMask && AreMask<F>(path, n)) continue;
-      uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
-      if constexpr (kCombines) {
-        if (IsStraight(path)) {
-          const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
-          Combine<VectorBytes>(path, n, pixels, Pixels<F>(first));
-          continue;
-        }
-      }
-      // Paths along a row of the texture may be stretched ones, which permute whole vectors.
-      if constexpr (F::kBytes != 3) {
-        if (path.dv != 0 && HasNearRows(path)) {
-          constexpr int kBytes = std::min(VectorBytes, kMostPlaceBytes);
-          Combine<kBytes>(path, n, pixels, Texels<F, kBytes>(path));
-          continue;
-        }
-      }
-      for (ptrdiff_t first = 0; first < n; first += kPiece) {
-        const int piece = static_cast<int>(n - first < kPiece ? n - first : kPiece);
-        CopyPiece<VectorBytes>(path, piece, pixels + first * F::kBytes);
-        path.u += path.du * kPiece;
-        path.v += path.dv * kPiece;
-      }
+    // The loop over the spans is there for each kind of rows: short spans feel every branch.
+    WithRows<F, VectorBytes>(
+        texture, [ =, &target ](auto rows) __attribute__((always_inline)) {
+          TexelPath path = texture;
+          for (const Span *span = spans; span < spans + count; ++span) {
+            const ptrdiff_t n = Length(*span);
+            if (n < 1) continue;
+            path.u = static_cast<uint32_t>(span->u);
+            path.v = static_cast<uint32_t>(span->v);
+            path.du = static_cast<uint32_t>(span->du);
+            path.dv = static_cast<uint32_t>(span->dv);
+            if (skipsMask && AreMask<F>(path, n)) continue;
+            uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
+            if constexpr (F::kBytes == 3) {
+              CopyTriples<VectorBytes>(path, n, pixels);
+            } else if (path.dv == 0) {
+              CopyAlongRow<VectorBytes, decltype(rows)>(path, n, pixels);
+            } else {
+              CopyTexels<VectorBytes, decltype(rows)>(path, n, pixels);
+            }
+          }
+        });
+  }
+
+  // Texels along a row of the texture that cannot be copied or permuted as vectors are read one by one.
+  template <int VectorBytes, class Rows>
+  BRISAL_INLINE static void CopyAlongRow(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
+    if (path.du == kOneTexel) {
+      const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
+      return Combine<VectorBytes>(path, n, pixels, Pixels<F>(first));
+    }
+    TexelPath rest = path;
+    for (; n > 0; n -= kPiece, pixels += kPiece * F::kBytes, rest = From(rest, kPiece)) {
+      const int piece = static_cast<int>(n < kPiece ? n : kPiece);
+      if (CopyVectors<VectorBytes>(rest, piece, pixels)) continue;
+      CopyTexels<VectorBytes, Rows>(rest, piece, pixels);
     }
   }
 
   template <int VectorBytes>
-  BRISAL_INLINE static void CopyPiece(const TexelPath &path, int n, uint8_t *pixels) {
-    if constexpr (!kCombines) {
-      const uint32_t key = path.storedKey;
-      ForEachTexel<F, VectorBytes>(
-          path, n, [=](int i, const uint8_t *texel) __attribute__((always_inline)) {
-            const uint32_t stored = F::Load(texel);
-            if (stored != key) F::Store(pixels + i * F::kBytes, stored);
-          });
-    } else if constexpr (Keyed) {
-      uint8_t stored[kPiece * F::kBytes];
-      LoadPiece<VectorBytes>(path, n, stored);
-      Combine<VectorBytes>(path, n, pixels, Pixels<F>(stored));
-    } else {
-      LoadPiece<VectorBytes>(path, n, pixels);
-    }
+  BRISAL_INLINE static bool CopyVectors(const TexelPath &path, int n, uint8_t *pixels) {
+    if constexpr (!Keyed) return LoadVectors<F, VectorBytes>(path, n, pixels);
+    uint8_t stored[kPiece * F::kBytes];
+    if (!LoadVectors<F, VectorBytes>(path, n, stored)) return false;
+    Combine<VectorBytes>(path, n, pixels, Pixels<F>(stored));
+    return true;
   }
 
+  template <int VectorBytes, class Rows>
+  BRISAL_INLINE static void CopyTexels(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
+    Combine<kMostPlaceBytes<VectorBytes>>(path, n, pixels, Texels<F, VectorBytes, Rows>(path));
+  }
+
+  // Pixels of three bytes.
   template <int VectorBytes>
-  BRISAL_INLINE static void LoadPiece(const TexelPath &path, int n, uint8_t *to) {
-    if constexpr (F::kBytes != 3) {
-      if (CopiesDoubled<F, VectorBytes>(path, n, to)) return;
-    }
-    if constexpr (F::kBytes == 4) {
-      if (CopiesStretched<VectorBytes>(path, n, to)) return;
-    }
+  BRISAL_INLINE static void CopyTriples(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
+    const uint32_t key = path.storedKey;
     ForEachTexel<F, VectorBytes>(
-        path, n, [to](int i, const uint8_t *texel) __attribute__((always_inline)) {
-          F::Store(to + i * F::kBytes, F::Load(texel));
+        path, n, [=](ptrdiff_t i, const uint8_t *texel) __attribute__((always_inline)) {
+          const uint32_t stored = F::Load(texel);
+          if (!Keyed || stored != key) F::Store(pixels + i * F::kBytes, stored);
         });
   }
 

@@ -29,7 +29,7 @@ class TexelFilter {
     while (begin < n && !HasNeighbours(begin)) ++begin;
     int end = n;
     while (end > begin && !HasNeighbours(end - 1)) --end;
-    if (!HasNearRows(path_) || end - begin < kLanes) return FilterAtEdges(0, n, texels, stored);
+    if (!NearRows::Hold(path_) || end - begin < kLanes) return FilterAtEdges(0, n, texels, stored);
     FilterAtEdges(0, begin, texels, stored);
     FilterInside(begin, end, texels, stored);
     FilterAtEdges(end, n, texels, stored);
@@ -37,7 +37,7 @@ class TexelFilter {
 
  private:
   using V = Vector<uint32_t, VectorBytes>;
-  using Places = NearTexels<F, VectorBytes>;
+  using Places = NearRows::Places<F, VectorBytes>;
   using Word = typename Pair<F>::Word;
   static constexpr int kLanes = VectorBytes / 4;
 
@@ -50,23 +50,22 @@ class TexelFilter {
   BRISAL_INLINE void FilterInside(int begin, int end, uint32_t *texels, uint32_t *stored) const {
     const int last = end - kLanes;
     Places places(From(path_, begin));
-    for (int i = begin; i < last; i += kLanes, places.Advance()) {
+    for (int i = begin; i < last; i += kLanes, places.Advance(kLanes)) {
       FilterGroup(places, texels + i, stored + i);
     }
     FilterGroup(Places(From(path_, last)), texels + last, stored + last);
   }
 
   BRISAL_INLINE void FilterGroup(const Places &places, uint32_t *texels, uint32_t *stored) const {
-    ptrdiff_t distances[kLanes];
-    places.Take(distances);
-    const ptrdiff_t *const distance = distances;
+    const typename Places::template Distances<kLanes> distances(places);
+    const auto *const distance = &distances;
     const uint8_t *const address = path_.address;
     const uint8_t *const below = address + path_.pitch;
     const Pairs<F, V, Compressed> top([=](size_t i) __attribute__((always_inline)) {
-      return Pair<F>::Load(address + distance[i]);
+      return Pair<F>::Load(address + (*distance)[i]);
     });
     const Pairs<F, V, Compressed> bottom([=](size_t i) __attribute__((always_inline)) {
-      return Pair<F>::Load(below + distance[i]);
+      return Pair<F>::Load(below + (*distance)[i]);
     });
     StoreVector(Bytes(texels), Blend(top, bottom, places.U(), places.V()));
     StoreVector(Bytes(stored), top.Own());

@@ -8,102 +8,23 @@
 
 #include "pixel/format.h"
 #include "pixel/instructions.h"
-#include "pixel/texel_kernels.h"
+#include "pixel/texel_places.h"
 
 // Reading the texels along a path, as they are stored.
 
 namespace brisal {
-
-constexpr uint32_t kOneTexel = 0x10000;
-
-BRISAL_INLINE int32_t Whole(uint32_t coordinate) { return static_cast<int32_t>(coordinate) >> 16; }
-
-template <class F>
-BRISAL_INLINE const uint8_t *TexelAt(const TexelPath &path, int32_t column, int32_t row) {
-  return path.address + row * path.pitch + ptrdiff_t{column} * F::kBytes;
-}
-
-// The path from its i-th texel on.
-BRISAL_INLINE TexelPath From(const TexelPath &path, ptrdiff_t i) {
-  TexelPath rest = path;
-  rest.u += path.du * static_cast<uint32_t>(i);
-  rest.v += path.dv * static_cast<uint32_t>(i);
-  return rest;
-}
 
 // Whether the path runs along a row of the texture, texel by texel.
 BRISAL_INLINE bool IsStraight(const TexelPath &path) {
   return path.du == kOneTexel && path.dv == 0;
 }
 
-// Whether a row's distance is a factor for 16-bit lanes. Columns and rows, which are below 2^15, always
-// are.
-BRISAL_INLINE bool HasNearRows(const TexelPath &path) {
-  return path.pitch == static_cast<int16_t>(path.pitch);
-}
-
-// Where the texels of a path are, as many at once as a vector has words. The path has near rows.
-template <class F, int VectorBytes>
-class NearTexels {
- public:
-  using Words = Vector<uint32_t, VectorBytes>;
-  static constexpr int kLanes = VectorBytes / 4;
-
-  BRISAL_INLINE explicit NearTexels(const TexelPath &path)
-      : factors_(static_cast<uint32_t>(path.pitch) << 16 | static_cast<uint32_t>(F::kBytes)),
-        du_(path.du),
-        dv_(path.dv) {
-    const Words numbers = LaneNumbers<Words>(std::make_index_sequence<kLanes>{});
-    u_ = Splat<Words>(path.u) + Splat<Words>(path.du) * numbers;
-    v_ = Splat<Words>(path.v) + Splat<Words>(path.dv) * numbers;
-  }
-
-  // Their distances from the texture's first texel, which leave the vector two by two.
-  BRISAL_INLINE void Take(ptrdiff_t *distance) const {
-    Words distances;
-    MultiplyAdd(As<uint16_t>(HighHalves(v_, u_ >> 16)), As<uint16_t>(Splat<Words>(factors_)),
-                distances);
-    int64_t pairs[kLanes / 2];
-    if constexpr (VectorBytes == 16) {
-      // GCC would take the upper pair by an instruction that waits for what its register held before.
-      pairs[0] = As<int64_t>(distances)[0];
-      pairs[1] = As<int64_t>(__builtin_shufflevector(distances, distances, 2, 3, 2, 3))[0];
-    } else {
-      StoreVector(reinterpret_cast<uint8_t *>(pairs), distances);
-    }
-    for (int i = 0; i < kLanes; i += 2) {
-      distance[i] = static_cast<int32_t>(pairs[i / 2]);
-      distance[i + 1] = static_cast<ptrdiff_t>(pairs[i / 2] >> 32);
-    }
-  }
-
-  // The coordinates, 16.16.
-  BRISAL_INLINE Words U() const { return u_; }
-  BRISAL_INLINE Words V() const { return v_; }
-
-  BRISAL_INLINE void Advance() {
-    u_ += Splat<Words>(du_ * kLanes);
-    v_ += Splat<Words>(dv_ * kLanes);
-  }
-
- private:
-  uint32_t factors_;
-  uint32_t du_;
-  uint32_t dv_;
-  Words u_;
-  Words v_;
-};
-
-// Places leave a wider vector no faster.
-constexpr int kMostPlaceBytes = 32;
-
-template <class F, int VectorBytes, class Take>
-BRISAL_INLINE void ForEachNearTexel(const TexelPath &path, int n, Take take) {
-  NearTexels<F, VectorBytes> places(path);
-  constexpr int kLanes = VectorBytes / 4;
-  for (int i = 0; i < n; i += kLanes, places.Advance()) {
-    ptrdiff_t distance[kLanes];
-    places.Take(distance);
+template <class F, class Places, class Take>
+BRISAL_INLINE void ForEachPlace(const TexelPath &path, ptrdiff_t n, Take take) {
+  constexpr int kLanes = Places::kLanes;
+  Places places(path);
+  for (ptrdiff_t i = 0; i < n; i += kLanes, places.Advance(kLanes)) {
+    const typename Places::template Distances<kLanes> distance(places);
     if (n - i >= kLanes) {
       for (int lane = 0; lane < kLanes; ++lane) take(i + lane, path.address + distance[lane]);
     } else {
@@ -113,16 +34,12 @@ BRISAL_INLINE void ForEachNearTexel(const TexelPath &path, int n, Take take) {
 }
 
 // Calls take(i, address) for each of n texels.
-template <class F, int VectorBytes, class Take>
-BRISAL_INLINE void ForEachTexel(const TexelPath &path, int n, Take take) {
-  if (HasNearRows(path)) {
-    return ForEachNearTexel<F, std::min(VectorBytes, kMostPlaceBytes)>(path, n, take);
-  }
-  uint32_t u = path.u;
-  uint32_t v = path.v;
-  for (int i = 0; i < n; ++i, u += path.du, v += path.dv) {
-    take(i, TexelAt<F>(path, Whole(u), Whole(v)));
-  }
+template <class F, int ColumnBytes, class Take>
+BRISAL_INLINE void ForEachTexel(const TexelPath &path, ptrdiff_t n, Take take) {
+  WithRows<F, ColumnBytes>(
+      path, [=](auto rows) __attribute__((always_inline)) {
+        ForEachPlace<F, PlacesOf<decltype(rows), F, kMostPlaceBytes<ColumnBytes>>>(path, n, take);
+      });
 }
 
 // Half of the lanes, from First on, each of them twice.
@@ -202,6 +119,15 @@ BRISAL_INLINE bool CopiesDoubled(const TexelPath &path, int n, uint8_t *to) {
   return true;
 }
 
+// Loads n texels as vectors of them are stored. False where the path does not run along a row or skips
+// texels.
+template <class F, int VectorBytes>
+BRISAL_INLINE bool LoadVectors(const TexelPath &path, int n, uint8_t *to) {
+  if (CopiesDoubled<F, VectorBytes>(path, n, to)) return true;
+  if constexpr (F::kBytes == 4) return CopiesStretched<VectorBytes>(path, n, to);
+  return false;
+}
+
 // Loads n texels as they are stored.
 template <class F, int VectorBytes>
 BRISAL_INLINE void LoadStored(const TexelPath &path, int n, uint32_t *stored) {
@@ -211,12 +137,10 @@ BRISAL_INLINE void LoadStored(const TexelPath &path, int n, uint32_t *stored) {
     return;
   }
   if constexpr (F::kBytes == 4) {
-    uint8_t *const to = reinterpret_cast<uint8_t *>(stored);
-    if (CopiesDoubled<F, VectorBytes>(path, n, to)) return;
-    if (CopiesStretched<VectorBytes>(path, n, to)) return;
+    if (LoadVectors<F, VectorBytes>(path, n, reinterpret_cast<uint8_t *>(stored))) return;
   }
   ForEachTexel<F, VectorBytes>(
-      path, n, [stored](int i, const uint8_t *texel) __attribute__((always_inline)) {
+      path, n, [stored](ptrdiff_t i, const uint8_t *texel) __attribute__((always_inline)) {
         stored[i] = F::Load(texel);
       });
 }

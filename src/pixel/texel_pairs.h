@@ -39,12 +39,12 @@ struct Pair {
   }
 };
 
+// Pairs of texels of more than 16 bits, parted.
 template <class W, class WordAt, size_t... I>
 BRISAL_INLINE W WordsOf(WordAt wordAt, std::index_sequence<I...>) {
   return W{wordAt(I)...};
 }
 
-// Pairs of texels of more than 16 bits, parted.
 template <class F, class V, bool Compressed>
 class WidePairs {
  public:

@@ -4,16 +4,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
-#include <utility>
 
+#include "pixel/gather.h"
 #include "pixel/run.h"
 #include "pixel/texel_loads.h"
 
 namespace brisal {
 
 // A source of the texels along a path, in the format of the pixels they are combined with, which is not
-// one of three bytes. The path has near rows; places are worked out in vectors of up to WideBytes.
-template <class F, int WideBytes>
+// one of three bytes.
+template <class F, int ColumnBytes, class Rows>
 class Texels {
  public:
   BRISAL_INLINE explicit Texels(const TexelPath &path) : path_(path) {}
@@ -31,31 +31,24 @@ class Texels {
     BRISAL_INLINE explicit Cursor(const TexelPath &path) : path_(path), places_(path) {}
 
     BRISAL_INLINE G Get() const {
-      ptrdiff_t distance[kVectors * kLanes];
-      Places places = places_;
-      for (int i = 0; i < kVectors; ++i, places.Advance()) places.Take(distance + i * kLanes);
-      return {{Join(distance, std::make_index_sequence<G::kPixels>{})}};
+      const typename Places::template Distances<G::kPixels> distances(places_);
+      const auto *const distance = &distances;
+      const uint8_t *const address = path_.address;
+      const auto texelAt = [=](size_t i) __attribute__((always_inline)) {
+        return static_cast<Word>(F::Load(address + (*distance)[i]));
+      };
+      return {{As<typename F::Lane>(Gather<Vector<Word, VectorBytes>, ColumnBytes>(texelAt))}};
     }
 
     BRISAL_INLINE G Ahead(ptrdiff_t pixels) const { return Cursor(From(path_, pixels)).Get(); }
 
-    BRISAL_INLINE void Advance() {
-      for (int i = 0; i < kVectors; ++i) places_.Advance();
-    }
+    BRISAL_INLINE void Advance() { places_.Advance(G::kPixels); }
 
    private:
+    using Word = std::conditional_t<F::kBytes == 2, uint16_t, uint32_t>;
     // Places are words, of which there are vectors of 16 bytes at the least.
-    static constexpr int kPlaceBytes = std::clamp(G::kPixels * 4, 16, WideBytes);
-    static constexpr int kLanes = kPlaceBytes / 4;
-    static constexpr int kVectors = (G::kPixels + kLanes - 1) / kLanes;
-    using Places = NearTexels<F, kPlaceBytes>;
-    using Lane = std::conditional_t<F::kBytes == 2, uint16_t, uint32_t>;
-
-    template <size_t... I>
-    BRISAL_INLINE auto Join(const ptrdiff_t *distance, std::index_sequence<I...>) const {
-      using V = Vector<Lane, VectorBytes>;
-      return As<typename F::Lane>(V{static_cast<Lane>(F::Load(path_.address + distance[I]))...});
-    }
+    static constexpr int kPlaceBytes = std::clamp(G::kPixels * 4, 16, kMostPlaceBytes<ColumnBytes>);
+    using Places = PlacesOf<Rows, F, kPlaceBytes>;
 
     TexelPath path_;
     Places places_;

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <type_traits>
+#include <utility>
+
+#include "pixel/instructions.h"
+#include "pixel/lanes.h"
+
+// Vectors whose lanes come from anywhere in memory. They are loaded one by one, in chains of four that do
+// not wait for each other: no set has an instruction that is faster.
+
+namespace brisal {
+
+template <class Lane, class LaneAt>
+BRISAL_INLINE Vector<Lane, 16> FourLanes(LaneAt laneAt) {
+  auto v = Splat<Vector<Lane, 16>>(laneAt(0));
+  v[1] = laneAt(1);
+  v[2] = laneAt(2);
+  v[3] = laneAt(3);
+  return v;
+}
+
+template <class V, class LaneAt, size_t... I>
+BRISAL_INLINE V AllLanes(LaneAt laneAt, std::index_sequence<I...>) {
+  return V{laneAt(I)...};
+}
+
+// laneAt(i) is the i-th lane.
+template <class V, int ColumnBytes, class LaneAt>
+BRISAL_INLINE V Gather(LaneAt laneAt) {
+  using Lane = std::remove_cvref_t<decltype(V{}[0])>;
+  constexpr size_t kLanes = sizeof(V) / sizeof(Lane);
+  constexpr bool kJoins = ColumnBytes >= 32 && sizeof(V) >= 16;
+  const auto upperAt = [=](size_t i) __attribute__((always_inline)) {
+    return laneAt(i + kLanes / 2);
+  };
+  if constexpr (kJoins && sizeof(V) > 16) {
+    using Half = Vector<Lane, sizeof(V) / 2>;
+    V v;
+    JoinHalves(Gather<Half, ColumnBytes>(laneAt), Gather<Half, ColumnBytes>(upperAt), v);
+    return v;
+  } else if constexpr (kJoins && kLanes == 8) {
+    const auto lower = As<uint64_t>(FourLanes<Lane>(laneAt));
+    const auto upper = As<uint64_t>(FourLanes<Lane>(upperAt));
+    return As<Lane>(__builtin_shufflevector(lower, upper, 0, 2));
+  } else if constexpr (kJoins && kLanes == 4) {
+    return FourLanes<Lane>(laneAt);
+  } else {
+    return AllLanes<V>(laneAt, std::make_index_sequence<kLanes>{});
+  }
+}
+
+}  // namespace brisal
