@@ -138,6 +138,7 @@ struct NearRows {
   };
 };
 
+#if BRISAL_HAS_AVX512
 // Rows are a power of two of texels apart: a texel's number is made of bits of its coordinates, which one
 // instruction puts together. Nothing has to be taken out of a vector.
 struct PackedRows {
@@ -185,6 +186,7 @@ struct PackedRows {
     uint64_t steps3_;
   };
 };
+#endif
 
 template <class Rows, class F, int VectorBytes>
 using PlacesOf = typename Rows::template Places<F, VectorBytes>;
@@ -192,9 +194,11 @@ using PlacesOf = typename Rows::template Places<F, VectorBytes>;
 // Calls draw(rows) with what the rows of the path's texture are.
 template <class F, int ColumnBytes, class Draw>
 BRISAL_INLINE void WithRows(const TexelPath &path, Draw draw) {
+#if BRISAL_HAS_AVX512
   if constexpr (ColumnBytes == 64) {
     if (PackedRows::Hold<F>(path)) return draw(PackedRows{});
   }
+#endif
   if (NearRows::Hold(path)) return draw(NearRows{});
   draw(FarRows{});
 }
