@@ -22,7 +22,11 @@ preset_option() {
   echo "$3"
 }
 
+# ctest_of PRESET [OPTION...]
 ctest_of() {
-  step "Testing ($1)"
-  (cd "$root" && ctest --preset "$1" -j "$CMAKE_BUILD_PARALLEL_LEVEL") || fail "tests failed ($1)"
+  local preset=$1
+  shift
+  step "Testing ($preset)"
+  (cd "$root" && ctest --preset "$preset" -j "$CMAKE_BUILD_PARALLEL_LEVEL" "$@") ||
+    fail "tests failed ($preset)"
 }

@@ -12,3 +12,9 @@ if(EXISTS /usr/include/x86_64-linux-gnu/asm)
 endif()
 set(CMAKE_C_FLAGS_INIT "${flags}")
 set(CMAKE_CXX_FLAGS_INIT "${flags}")
+# Kernels without 32-bit programs, as some virtual machines have, leave them to the package qemu-user.
+execute_process(COMMAND /lib/ld-linux.so.2 --version
+  RESULT_VARIABLE failed OUTPUT_QUIET ERROR_QUIET)
+if(failed)
+  set(CMAKE_CROSSCOMPILING_EMULATOR qemu-i386)
+endif()

@@ -21,6 +21,20 @@ test_avx2() {
   "$(program_in avx2 brisal_tests)" --gtest_brief=1 || fail "tests failed (avx2)"
 }
 
+# By an emulator where the kernel runs no 32-bit programs; random calls against the reference would take
+# too long there, and their checksums say the same of fewer of them.
+test_m32() {
+  local -a filter=()
+  need g++-12-multilib googletest
+  if ! /lib/ld-linux.so.2 --version >/dev/null 2>&1; then
+    need qemu-user
+    filter=(-E EqualTheReference)
+    step "This kernel runs no 32-bit programs: an emulator does (all tests but EqualTheReference)"
+  fi
+  build m32 all -DBRISAL_TESTS=ON
+  ctest_of m32 "${filter[@]}"
+}
+
 columns() {
   step "Looking for wide instructions"
   python3 "$root/scripts/check_columns.py" "$root/build/release/src/libbrisal.so" ||
@@ -32,10 +46,13 @@ test_command() {
   preset=$(preset_option all "$@")
   need "${build_packages[@]}" "${test_packages[@]}"
   if [[ $preset != all ]]; then
-    [[ $preset != m32 ]] || need g++-12-multilib googletest
-    [[ $preset != arm64 ]] || need g++-aarch64-linux-gnu qemu-user googletest
-    build "$preset" all -DBRISAL_TESTS=ON
-    ctest_of "$preset"
+    if [[ $preset == m32 ]]; then
+      test_m32
+    else
+      [[ $preset != arm64 ]] || need g++-aarch64-linux-gnu qemu-user googletest
+      build "$preset" all -DBRISAL_TESTS=ON
+      ctest_of "$preset"
+    fi
     step "All tests passed ($preset)"
     return
   fi
