@@ -31,7 +31,7 @@ BRISAL_INLINE void FindRuns(int n, const uint32_t *stored, uint32_t key, TexelRu
 }
 
 template <class F, bool Filtered, bool Compressed>
-struct Fetch {
+struct Fetch : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const TexelPath *given, int n, uint32_t *texels, TexelRuns *runs) {
     const TexelPath path = *given;

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <utility>
 
 #include "pixel/blend_bytes.h"
 #include "pixel/texel_loads.h"
@@ -13,7 +15,7 @@
 namespace brisal {
 
 // Filters the texels of a path, `Compressed` where transparent neighbours count as black.
-template <class F, bool Compressed, int VectorBytes>
+template <class F, bool Compressed, int ColumnBytes, int VectorBytes = ColumnBytes>
 class TexelFilter {
  public:
   BRISAL_INLINE explicit TexelFilter(const TexelPath &path) : path_(path) {}
@@ -21,7 +23,7 @@ class TexelFilter {
   // Writes n filtered texels, and the own ones as they are stored.
   BRISAL_INLINE void Run(int n, uint32_t *texels, uint32_t *stored) const {
     if constexpr (VectorBytes > 16) {
-      using Narrower = TexelFilter<F, Compressed, VectorBytes / 2>;
+      using Narrower = TexelFilter<F, Compressed, ColumnBytes, VectorBytes / 2>;
       if (n < kLanes) return Narrower(path_).Run(n, texels, stored);
     }
     // Only at its ends does a straight path lie at the edge of the texture.
@@ -29,15 +31,18 @@ class TexelFilter {
     while (begin < n && !HasNeighbours(begin)) ++begin;
     int end = n;
     while (end > begin && !HasNeighbours(end - 1)) --end;
-    if (!NearRows::Hold(path_) || end - begin < kLanes) return FilterAtEdges(0, n, texels, stored);
-    FilterAtEdges(0, begin, texels, stored);
-    FilterInside(begin, end, texels, stored);
-    FilterAtEdges(end, n, texels, stored);
+    if (NearRows::Hold(path_) && end - begin >= kLanes) {
+      FilterInside(begin, end, texels, stored);
+    } else {
+      begin = end = n;
+    }
+    for (const auto &edge : {std::pair(0, begin), std::pair(end, n)}) {
+      FilterAtEdges(edge.first, edge.second, texels, stored);
+    }
   }
 
  private:
   using V = Vector<uint32_t, VectorBytes>;
-  using Places = NearRows::Places<F, VectorBytes>;
   using Word = typename Pair<F>::Word;
   static constexpr int kLanes = VectorBytes / 4;
 
@@ -46,34 +51,54 @@ class TexelFilter {
     return Whole(place.u) + 1 < path_.width && Whole(place.v) + 1 < path_.height;
   }
 
-  // At least kLanes texels; the last ones may be filtered twice.
   BRISAL_INLINE void FilterInside(int begin, int end, uint32_t *texels, uint32_t *stored) const {
-    const int last = end - kLanes;
-    Places places(From(path_, begin));
-    for (int i = begin; i < last; i += kLanes, places.Advance(kLanes)) {
-      FilterGroup(places, texels + i, stored + i);
+#if BRISAL_HAS_AVX512
+    if constexpr (VectorBytes == 64) {
+      if (PackedRows::Hold<F>(path_)) return Filter<PackedRows>(begin, end, texels, stored);
     }
-    FilterGroup(Places(From(path_, last)), texels + last, stored + last);
+#endif
+    Filter<NearRows>(begin, end, texels, stored);
   }
 
-  BRISAL_INLINE void FilterGroup(const Places &places, uint32_t *texels, uint32_t *stored) const {
+  // At least kLanes texels; the last ones may be filtered twice.
+  template <class Rows>
+  BRISAL_INLINE void Filter(int begin, int end, uint32_t *texels, uint32_t *stored) const {
+    using Places = PlacesOf<Rows, F, VectorBytes>;
+    const int last = end - kLanes;
+    const TexelPath inside = From(path_, begin);
+    Places places(inside);
+    Coordinates<VectorBytes> coordinates(inside);
+    for (int i = begin; i < last; i += kLanes) {
+      FilterGroup(places, coordinates, texels + i, stored + i);
+      places.Advance(kLanes);
+      coordinates.Advance(kLanes);
+    }
+    const TexelPath rest = From(path_, last);
+    FilterGroup(Places(rest), Coordinates<VectorBytes>(rest), texels + last, stored + last);
+  }
+
+  template <class Places>
+  BRISAL_INLINE void FilterGroup(const Places &places, const Coordinates<VectorBytes> &coordinates,
+                                 uint32_t *texels, uint32_t *stored) const {
     const typename Places::template Distances<kLanes> distances(places);
     const auto *const distance = &distances;
     const uint8_t *const address = path_.address;
     const uint8_t *const below = address + path_.pitch;
-    const Pairs<F, V, Compressed> top([=](size_t i) __attribute__((always_inline)) {
+    using AllPairs = Pairs<F, V, ColumnBytes, Compressed>;
+    const AllPairs top([=](size_t i) __attribute__((always_inline)) {
       return Pair<F>::Load(address + (*distance)[i]);
     });
-    const Pairs<F, V, Compressed> bottom([=](size_t i) __attribute__((always_inline)) {
+    const AllPairs bottom([=](size_t i) __attribute__((always_inline)) {
       return Pair<F>::Load(below + (*distance)[i]);
     });
-    StoreVector(Bytes(texels), Blend(top, bottom, places.U(), places.V()));
+    StoreVector(Bytes(texels), Blend(top, bottom, coordinates.U(), coordinates.V()));
     StoreVector(Bytes(stored), top.Own());
   }
 
   // Texels that may lie in the texture's last column or row: those are repeated.
   BRISAL_INLINE void FilterAtEdges(int begin, int end, uint32_t *texels, uint32_t *stored) const {
     using One = Vector<uint32_t, 16>;
+    using OnePair = Pairs<F, One, ColumnBytes, Compressed>;
     for (int i = begin; i < end; ++i) {
       const TexelPath place = From(path_, i);
       const int32_t column = Whole(place.u);
@@ -81,10 +106,10 @@ class TexelFilter {
       const ptrdiff_t across = column + 1 < path_.width ? F::kBytes : 0;
       const uint8_t *const texel = TexelAt<F>(path_, column, row);
       const uint8_t *const below = texel + (row + 1 < path_.height ? path_.pitch : 0);
-      const Pairs<F, One, Compressed> top([=](size_t) __attribute__((always_inline)) {
+      const OnePair top([=](size_t) __attribute__((always_inline)) {
         return Pair<F>::Of(F::Load(texel), F::Load(texel + across));
       });
-      const Pairs<F, One, Compressed> bottom([=](size_t) __attribute__((always_inline)) {
+      const OnePair bottom([=](size_t) __attribute__((always_inline)) {
         return Pair<F>::Of(F::Load(below), F::Load(below + across));
       });
       texels[i] = Blend(top, bottom, Splat<One>(place.u), Splat<One>(place.v))[0];

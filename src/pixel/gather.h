@@ -7,8 +7,8 @@
 #include "pixel/instructions.h"
 #include "pixel/lanes.h"
 
-// Vectors whose lanes come from anywhere in memory. They are loaded one by one, in chains of four that do
-// not wait for each other: no set has an instruction that is faster.
+// Vectors whose lanes come from anywhere in memory, loaded one by one: no set has an instruction that is
+// faster.
 
 namespace brisal {
 
@@ -26,12 +26,13 @@ BRISAL_INLINE V AllLanes(LaneAt laneAt, std::index_sequence<I...>) {
   return V{laneAt(I)...};
 }
 
-// laneAt(i) is the i-th lane.
+// laneAt(i) is the i-th lane. Where a vector is wide, GCC would work out all places first and run out of
+// registers; chains of four take each place as it is made, and do not wait for each other.
 template <class V, int ColumnBytes, class LaneAt>
 BRISAL_INLINE V Gather(LaneAt laneAt) {
   using Lane = std::remove_cvref_t<decltype(V{}[0])>;
   constexpr size_t kLanes = sizeof(V) / sizeof(Lane);
-  constexpr bool kJoins = ColumnBytes >= 32 && sizeof(V) >= 16;
+  constexpr bool kJoins = ColumnBytes == 64 && sizeof(V) >= 16;
   const auto upperAt = [=](size_t i) __attribute__((always_inline)) {
     return laneAt(i + kLanes / 2);
   };

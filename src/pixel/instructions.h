@@ -77,13 +77,6 @@ BRISAL_INSTRUCTIONS(BRISAL_AVX512, 64, __m512i, _mm512)
 #undef BRISAL_INSTRUCTIONS
 #undef BRISAL_INSTRUCTION
 
-// The compilers' own way of joining vectors takes two instructions more.
-template <class Half, class V>
-[[gnu::target(BRISAL_AVX2)]] inline void JoinHalves(const Half &lower, const Half &upper,
-                                                    V &v) requires(sizeof(V) == 32) {
-  v = (V)_mm256_inserti128_si256(_mm256_castsi128_si256((__m128i)lower), (__m128i)upper, 1);
-}
-
 [[gnu::target(BRISAL_AVX2)]] inline void Permute(const Vector<uint32_t, 32> &words,
                                                  const Vector<uint32_t, 32> &from,
                                                  Vector<uint32_t, 32> &permuted) {
@@ -91,6 +84,13 @@ template <class Half, class V>
 }
 
 #if BRISAL_HAS_AVX512
+// The compilers' own ways of joining vectors take two instructions more.
+template <class Half, class V>
+[[gnu::target(BRISAL_AVX512)]] inline void JoinHalves(const Half &lower, const Half &upper,
+                                                      V &v) requires(sizeof(V) == 32) {
+  v = (V)_mm256_inserti128_si256(_mm256_castsi128_si256((__m128i)lower), (__m128i)upper, 1);
+}
+
 template <class Half, class V>
 [[gnu::target(BRISAL_AVX512)]] inline void JoinHalves(const Half &lower, const Half &upper,
                                                       V &v) requires(sizeof(V) == 64) {

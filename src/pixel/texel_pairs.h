@@ -8,6 +8,7 @@
 
 #include "pixel/blend_bytes.h"
 #include "pixel/format.h"
+#include "pixel/gather.h"
 #include "pixel/instructions.h"
 #include "pixel/lanes.h"
 
@@ -40,12 +41,7 @@ struct Pair {
 };
 
 // Pairs of texels of more than 16 bits, parted.
-template <class W, class WordAt, size_t... I>
-BRISAL_INLINE W WordsOf(WordAt wordAt, std::index_sequence<I...>) {
-  return W{wordAt(I)...};
-}
-
-template <class F, class V, bool Compressed>
+template <class F, class V, int ColumnBytes, bool Compressed>
 class WidePairs {
  public:
   // wordAt(i) is the i-th pair. The vectors are filled such that no word changes its half when they are
@@ -53,15 +49,14 @@ class WidePairs {
   template <class WordAt>
   BRISAL_INLINE explicit WidePairs(WordAt wordAt) {
     using W = Vector<uint64_t, sizeof(V)>;
-    using Half = std::make_index_sequence<kLanes / 2>;
     const auto lowAt = [=](size_t i) __attribute__((always_inline)) {
       return wordAt(i / 2 * 4 + i % 2);
     };
     const auto highAt = [=](size_t i) __attribute__((always_inline)) {
       return wordAt(i / 2 * 4 + i % 2 + 2);
     };
-    const V low = As<uint32_t>(WordsOf<W>(lowAt, Half{}));
-    const V high = As<uint32_t>(WordsOf<W>(highAt, Half{}));
+    const V low = As<uint32_t>(Gather<W, ColumnBytes>(lowAt));
+    const V high = As<uint32_t>(Gather<W, ColumnBytes>(highAt));
     own_ = EveryOther<0>(low, high, std::make_index_sequence<kLanes>{});
     right_ = EveryOther<1>(low, high, std::make_index_sequence<kLanes>{});
   }
@@ -100,12 +95,11 @@ class WidePairs {
 
 // Pairs of 16-bit texels, each in a word: the products of both channels by weights that add up to 256 are
 // one instruction.
-template <class F, class V, bool Compressed>
+template <class F, class V, int ColumnBytes, bool Compressed>
 class WordPairs {
  public:
   template <class WordAt>
-  BRISAL_INLINE explicit WordPairs(WordAt wordAt)
-      : words_(WordsOf<V>(wordAt, std::make_index_sequence<sizeof(V) / 4>{})) {}
+  BRISAL_INLINE explicit WordPairs(WordAt wordAt) : words_(Gather<V, ColumnBytes>(wordAt)) {}
 
   BRISAL_INLINE V Own() const { return words_ & 0xFFFFu; }
 
@@ -167,8 +161,8 @@ class WordPairs {
   V words_;
 };
 
-template <class F, class V, bool Compressed>
-using Pairs =
-    std::conditional_t<kIs16<F>, WordPairs<F, V, Compressed>, WidePairs<F, V, Compressed>>;
+template <class F, class V, int ColumnBytes, bool Compressed>
+using Pairs = std::conditional_t<kIs16<F>, WordPairs<F, V, ColumnBytes, Compressed>,
+                                 WidePairs<F, V, ColumnBytes, Compressed>>;
 
 }  // namespace brisal

@@ -37,6 +37,33 @@ BRISAL_INLINE TexelPath From(const TexelPath &path, ptrdiff_t i) {
   return rest;
 }
 
+// The 16.16 coordinates of as many texels of a path as a vector has words.
+template <int VectorBytes>
+class Coordinates {
+ public:
+  using Words = Vector<uint32_t, VectorBytes>;
+
+  BRISAL_INLINE explicit Coordinates(const TexelPath &path) : du_(path.du), dv_(path.dv) {
+    const Words numbers = LaneNumbers<Words>(std::make_index_sequence<VectorBytes / 4>{});
+    u_ = Splat<Words>(path.u) + Splat<Words>(path.du) * numbers;
+    v_ = Splat<Words>(path.v) + Splat<Words>(path.dv) * numbers;
+  }
+
+  BRISAL_INLINE Words U() const { return u_; }
+  BRISAL_INLINE Words V() const { return v_; }
+
+  BRISAL_INLINE void Advance(int n) {
+    u_ += Splat<Words>(du_ * static_cast<uint32_t>(n));
+    v_ += Splat<Words>(dv_ * static_cast<uint32_t>(n));
+  }
+
+ private:
+  uint32_t du_;
+  uint32_t dv_;
+  Words u_;
+  Words v_;
+};
+
 // Rows of any distance.
 struct FarRows {
   template <class F, int VectorBytes>
@@ -76,17 +103,11 @@ struct NearRows {
   template <class F, int VectorBytes>
   class Places {
    public:
-    using Words = Vector<uint32_t, VectorBytes>;
     static constexpr int kLanes = VectorBytes / 4;
 
     BRISAL_INLINE explicit Places(const TexelPath &path)
         : factors_(static_cast<uint32_t>(path.pitch) << 16 | static_cast<uint32_t>(F::kBytes)),
-          du_(path.du),
-          dv_(path.dv) {
-      const Words numbers = LaneNumbers<Words>(std::make_index_sequence<kLanes>{});
-      u_ = Splat<Words>(path.u) + Splat<Words>(path.du) * numbers;
-      v_ = Splat<Words>(path.v) + Splat<Words>(path.dv) * numbers;
-    }
+          coordinates_(path) {}
 
     template <int N>
     class Distances {
@@ -101,21 +122,16 @@ struct NearRows {
       ptrdiff_t distance_[N < kLanes ? kLanes : N];
     };
 
-    // The coordinates of as many as a vector has words, 16.16.
-    BRISAL_INLINE Words U() const { return u_; }
-    BRISAL_INLINE Words V() const { return v_; }
-
-    BRISAL_INLINE void Advance(int n) {
-      u_ += Splat<Words>(du_ * static_cast<uint32_t>(n));
-      v_ += Splat<Words>(dv_ * static_cast<uint32_t>(n));
-    }
+    BRISAL_INLINE void Advance(int n) { coordinates_.Advance(n); }
 
    private:
     // Distances leave the vector two by two.
     BRISAL_INLINE void Take(ptrdiff_t *distance) const {
+      using Words = Vector<uint32_t, VectorBytes>;
+      const Words u = coordinates_.U();
       Words distances;
-      MultiplyAdd(As<uint16_t>(HighHalves(v_, u_ >> 16)), As<uint16_t>(Splat<Words>(factors_)),
-                  distances);
+      MultiplyAdd(As<uint16_t>(HighHalves(coordinates_.V(), u >> 16)),
+                  As<uint16_t>(Splat<Words>(factors_)), distances);
       int64_t pairs[kLanes / 2];
       if constexpr (VectorBytes == 16) {
         // GCC would take the upper pair by an instruction that waits for what its register held before.
@@ -131,10 +147,7 @@ struct NearRows {
     }
 
     uint32_t factors_;
-    uint32_t du_;
-    uint32_t dv_;
-    Words u_;
-    Words v_;
+    Coordinates<VectorBytes> coordinates_;
   };
 };
 
