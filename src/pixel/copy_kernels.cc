@@ -38,41 +38,50 @@ struct CopySpans : UpTo64Bytes {
                                 const Buffer &target, bool skipsMask) {
     // The loop over the spans is there for each kind of rows: short spans feel every branch.
     WithRows<F, VectorBytes>(
-        texture, [ =, &target ](auto rows) __attribute__((always_inline)) {
-          TexelPath path = texture;
-          for (const Span *span = spans; span < spans + count; ++span) {
-            const ptrdiff_t n = Length(*span);
-            if (n < 1) continue;
-            path.u = static_cast<uint32_t>(span->u);
-            path.v = static_cast<uint32_t>(span->v);
-            path.du = static_cast<uint32_t>(span->du);
-            path.dv = static_cast<uint32_t>(span->dv);
-            if (skipsMask && AreMask<F>(path, n)) continue;
-            uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
-            if constexpr (F::kBytes == 3) {
-              CopyTriples<VectorBytes>(path, n, pixels);
-            } else if (path.dv == 0) {
-              CopyAlongRow<VectorBytes, decltype(rows)>(path, n, pixels);
-            } else {
-              CopyTexels<VectorBytes, decltype(rows)>(path, n, pixels);
-            }
-          }
+        texture, [&](auto rows) __attribute__((always_inline)) {
+          CopyAll<VectorBytes, decltype(rows)>(texture, spans, count, target, skipsMask);
         });
+  }
+
+  template <int VectorBytes, class Rows>
+  BRISAL_INLINE static void CopyAll(const TexelPath &texture, const Span *spans, int64_t count,
+                                    const Buffer &target, bool skipsMask) {
+    TexelPath path = texture;
+    for (const Span *span = spans; span < spans + count; ++span) {
+      const ptrdiff_t n = Length(*span);
+      if (n < 1) continue;
+      path.u = static_cast<uint32_t>(span->u);
+      path.v = static_cast<uint32_t>(span->v);
+      path.du = static_cast<uint32_t>(span->du);
+      path.dv = static_cast<uint32_t>(span->dv);
+      if (skipsMask && AreMask<F>(path, n)) continue;
+      uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
+      if constexpr (F::kBytes == 3) {
+        CopyTriples<VectorBytes>(path, n, pixels);
+      } else if (path.dv == 0) {
+        CopyAlongRow<VectorBytes, Rows>(path, n, pixels);
+      } else {
+        CopyTexels<VectorBytes, Rows>(path, n, pixels);
+      }
+    }
   }
 
   // Texels along a row of the texture that cannot be copied or permuted as vectors are read one by one.
   template <int VectorBytes, class Rows>
   BRISAL_INLINE static void CopyAlongRow(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
-    if (path.du == kOneTexel) {
-      const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
-      return Combine<VectorBytes>(path, n, pixels, Pixels<F>(first));
-    }
+    if (IsStraight(path)) return CopyStraight<VectorBytes>(path, n, pixels);
     TexelPath rest = path;
     for (; n > 0; n -= kPiece, pixels += kPiece * F::kBytes, rest = From(rest, kPiece)) {
       const int piece = static_cast<int>(n < kPiece ? n : kPiece);
       if (CopyVectors<VectorBytes>(rest, piece, pixels)) continue;
       CopyTexels<VectorBytes, Rows>(rest, piece, pixels);
     }
+  }
+
+  template <int VectorBytes>
+  BRISAL_INLINE static void CopyStraight(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
+    const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
+    Combine<VectorBytes>(path, n, pixels, Pixels<F>(first));
   }
 
   template <int VectorBytes>
@@ -89,9 +98,12 @@ struct CopySpans : UpTo64Bytes {
     Combine<kMostPlaceBytes<VectorBytes>>(path, n, pixels, Texels<F, VectorBytes, Rows>(path));
   }
 
-  // Pixels of three bytes.
+  // Pixels of three bytes, of which the key is not looked for in vectors.
   template <int VectorBytes>
   BRISAL_INLINE static void CopyTriples(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
+    if constexpr (!Keyed) {
+      if (IsStraight(path)) return CopyStraight<VectorBytes>(path, n, pixels);
+    }
     const uint32_t key = path.storedKey;
     ForEachTexel<F, VectorBytes>(
         path, n, [=](ptrdiff_t i, const uint8_t *texel) __attribute__((always_inline)) {
