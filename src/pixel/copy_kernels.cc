@@ -93,9 +93,12 @@ struct CopySpans : UpTo64Bytes {
     return true;
   }
 
+  // With AVX-512, more than eight texels at once would gain nothing, and leave more of them to be read
+  // twice where a span's last ones overlap the others.
   template <int VectorBytes, class Rows>
   BRISAL_INLINE static void CopyTexels(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
-    Combine<kMostPlaceBytes<VectorBytes>>(path, n, pixels, Texels<F, VectorBytes, Rows>(path));
+    constexpr int kBytes = VectorBytes < 64 ? VectorBytes : 8 * F::kBytes;
+    Combine<kBytes>(path, n, pixels, Texels<F, VectorBytes, Rows>(path));
   }
 
   // Pixels of three bytes, of which the key is not looked for in vectors.
