@@ -1,5 +1,6 @@
 #include "pixel/blit_rules.h"
 #include "pixel/column.h"
+#include "pixel/convert_source.h"
 #include "pixel/pixel_source.h"
 #include "pixel/run.h"
 #include "pixel/texel_kernels.h"
@@ -26,6 +27,8 @@ struct HalfTexel<Rgb24> : Reading<Rgb24> {
 // The runs' texels, in the target's storage, meet the target by a rule.
 template <class F, class R>
 struct CombineRuns {
+  using Source = std::conditional_t<F::kBytes == 4, Pixels<F>, Converted<F, Xrgb32>>;
+
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const uint32_t *texels, const TexelRuns *runs, uint8_t *pixels,
                                 uint32_t level) {
@@ -33,15 +36,8 @@ struct CombineRuns {
     for (int r = 0; r < runs->count; ++r) {
       const TexelRun run = runs->run[r];
       uint8_t *to = pixels + run.start * F::kBytes;
-      const uint32_t *from = texels + run.start;
-      if constexpr (F::kBytes == 4) {
-        CombineRun<F, VectorBytes>(to, to, run.length, rule,
-                                   Pixels<F>(reinterpret_cast<const uint8_t *>(from)));
-      } else {
-        uint8_t packed[kPiece * F::kBytes];
-        for (int i = 0; i < run.length; ++i) F::Store(packed + i * F::kBytes, F::Pack(from[i]));
-        CombineRun<F, VectorBytes>(to, to, run.length, rule, Pixels<F>(packed));
-      }
+      CombineRun<F, VectorBytes>(to, to, run.length, rule,
+                                 Source(reinterpret_cast<const uint8_t *>(texels + run.start)));
     }
   }
 };
