@@ -85,12 +85,14 @@ class TexelFilter {
     const uint8_t *const address = path_.address;
     const uint8_t *const below = address + path_.pitch;
     using AllPairs = Pairs<F, V, ColumnBytes, Compressed>;
-    const AllPairs top([=](size_t i) __attribute__((always_inline)) {
+    const auto topAt = [=](size_t i) __attribute__((always_inline)) {
       return Pair<F>::Load(address + (*distance)[i]);
-    });
-    const AllPairs bottom([=](size_t i) __attribute__((always_inline)) {
+    };
+    const auto bottomAt = [=](size_t i) __attribute__((always_inline)) {
       return Pair<F>::Load(below + (*distance)[i]);
-    });
+    };
+    AllPairs top, bottom;
+    AllPairs::Load(topAt, bottomAt, top, bottom);
     StoreVector(Bytes(texels), Blend(top, bottom, coordinates.U(), coordinates.V()));
     StoreVector(Bytes(stored), top.Own());
   }
@@ -106,12 +108,14 @@ class TexelFilter {
       const ptrdiff_t across = column + 1 < path_.width ? F::kBytes : 0;
       const uint8_t *const texel = TexelAt<F>(path_, column, row);
       const uint8_t *const below = texel + (row + 1 < path_.height ? path_.pitch : 0);
-      const OnePair top([=](size_t) __attribute__((always_inline)) {
+      const auto topAt = [=](size_t) __attribute__((always_inline)) {
         return Pair<F>::Of(F::Load(texel), F::Load(texel + across));
-      });
-      const OnePair bottom([=](size_t) __attribute__((always_inline)) {
+      };
+      const auto bottomAt = [=](size_t) __attribute__((always_inline)) {
         return Pair<F>::Of(F::Load(below), F::Load(below + across));
-      });
+      };
+      OnePair top, bottom;
+      OnePair::Load(topAt, bottomAt, top, bottom);
       texels[i] = Blend(top, bottom, Splat<One>(place.u), Splat<One>(place.v))[0];
       stored[i] = top.Own()[0];
     }

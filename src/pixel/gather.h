@@ -52,4 +52,25 @@ BRISAL_INLINE V Gather(LaneAt laneAt) {
   }
 }
 
+// Two vectors whose lanes come from related places, together, so that no place is kept for long.
+template <int ColumnBytes, class V, class LaneAt, class OtherAt>
+BRISAL_INLINE void GatherTwo(LaneAt laneAt, OtherAt otherAt, V &lanes, V &others) {
+  using Lane = std::remove_cvref_t<decltype(V{}[0])>;
+  if constexpr (ColumnBytes == 64 && sizeof(V) > 16) {
+    constexpr size_t kHalf = sizeof(V) / sizeof(Lane) / 2;
+    const auto upperAt = [=](size_t i) __attribute__((always_inline)) { return laneAt(i + kHalf); };
+    const auto upperOtherAt = [=](size_t i) __attribute__((always_inline)) {
+      return otherAt(i + kHalf);
+    };
+    Vector<Lane, sizeof(V) / 2> lower, lowerOthers, upper, upperOthers;
+    GatherTwo<ColumnBytes>(laneAt, otherAt, lower, lowerOthers);
+    GatherTwo<ColumnBytes>(upperAt, upperOtherAt, upper, upperOthers);
+    JoinHalves(lower, upper, lanes);
+    JoinHalves(lowerOthers, upperOthers, others);
+  } else {
+    lanes = Gather<V, ColumnBytes>(laneAt);
+    others = Gather<V, ColumnBytes>(otherAt);
+  }
+}
+
 }  // namespace brisal

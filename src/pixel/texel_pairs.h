@@ -44,21 +44,15 @@ struct Pair {
 template <class F, class V, int ColumnBytes, bool Compressed>
 class WidePairs {
  public:
-  // wordAt(i) is the i-th pair. The vectors are filled such that no word changes its half when they are
-  // parted.
-  template <class WordAt>
-  BRISAL_INLINE explicit WidePairs(WordAt wordAt) {
-    using W = Vector<uint64_t, sizeof(V)>;
-    const auto lowAt = [=](size_t i) __attribute__((always_inline)) {
-      return wordAt(i / 2 * 4 + i % 2);
-    };
-    const auto highAt = [=](size_t i) __attribute__((always_inline)) {
-      return wordAt(i / 2 * 4 + i % 2 + 2);
-    };
-    const V low = As<uint32_t>(Gather<W, ColumnBytes>(lowAt));
-    const V high = As<uint32_t>(Gather<W, ColumnBytes>(highAt));
-    own_ = EveryOther<0>(low, high, std::make_index_sequence<kLanes>{});
-    right_ = EveryOther<1>(low, high, std::make_index_sequence<kLanes>{});
+  // topAt(i) and bottomAt(i) are the i-th pairs of two rows.
+  template <class TopAt, class BottomAt>
+  BRISAL_INLINE static void Load(TopAt topAt, BottomAt bottomAt, WidePairs &top,
+                                 WidePairs &bottom) {
+    Vector<uint64_t, sizeof(V)> topLow, topHigh, bottomLow, bottomHigh;
+    GatherTwo<ColumnBytes>(Twos<0>(topAt), Twos<0>(bottomAt), topLow, bottomLow);
+    GatherTwo<ColumnBytes>(Twos<2>(topAt), Twos<2>(bottomAt), topHigh, bottomHigh);
+    top.Part(As<uint32_t>(topLow), As<uint32_t>(topHigh));
+    bottom.Part(As<uint32_t>(bottomLow), As<uint32_t>(bottomHigh));
   }
 
   BRISAL_INLINE V Own() const { return own_; }
@@ -75,6 +69,19 @@ class WidePairs {
 
  private:
   static constexpr size_t kLanes = sizeof(V) / 4;
+
+  // Two of every four pairs: no word changes its half when they are parted.
+  template <size_t First, class WordAt>
+  BRISAL_INLINE static auto Twos(WordAt wordAt) {
+    return [=](size_t i) __attribute__((always_inline)) {
+      return wordAt(i / 2 * 4 + i % 2 + First);
+    };
+  }
+
+  BRISAL_INLINE void Part(V low, V high) {
+    own_ = EveryOther<0>(low, high, std::make_index_sequence<kLanes>{});
+    right_ = EveryOther<1>(low, high, std::make_index_sequence<kLanes>{});
+  }
 
   // Of floats, since GCC would take three instructions for one where words are integers.
   template <size_t First, size_t... I>
@@ -98,8 +105,11 @@ class WidePairs {
 template <class F, class V, int ColumnBytes, bool Compressed>
 class WordPairs {
  public:
-  template <class WordAt>
-  BRISAL_INLINE explicit WordPairs(WordAt wordAt) : words_(Gather<V, ColumnBytes>(wordAt)) {}
+  template <class TopAt, class BottomAt>
+  BRISAL_INLINE static void Load(TopAt topAt, BottomAt bottomAt, WordPairs &top,
+                                 WordPairs &bottom) {
+    GatherTwo<ColumnBytes>(topAt, bottomAt, top.words_, bottom.words_);
+  }
 
   BRISAL_INLINE V Own() const { return words_ & 0xFFFFu; }
 
