@@ -14,7 +14,7 @@ std::function<void(unsigned)> Drawing(const Job &job, const Canvas &canvas);
 std::vector<Contender> OurContenders(const Job &job, const Canvas &canvas);
 
 // The plain limit: the fastest known ways to write the bytes that the job touches or, in modes that
-// look at the target, to read and write them. Copies read their source, too.
+// look at the target, to read and write them. What shows a picture reads its texels, too.
 std::vector<Contender> LimitContenders(const Job &job, const Canvas &canvas);
 
 }  // namespace brisal::bench

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 #include "bench/contenders.h"
@@ -49,36 +50,52 @@ std::vector<Run> RunsOf(Job job, const Canvas &canvas) {
   return runs;
 }
 
-// A copy reads its source and writes the target; one that leaves pixels out or mixes them reads the target as well.
-std::vector<Contender> CopyLimits(const Job &job, const Canvas &canvas) {
-  const bool copies = job.texels == Texels::kOpaque && job.mode == DRAW_SOLID;
-  const Picture picture = Picture::Of(job);
-  const int64_t rowSize = int64_t{job.width} * canvas.bytesPerPixel;
-  std::vector<Contender> contenders;
-  for (const auto &[name, move] : MoversOf(copies, picture.Pitch(), rowSize)) {
-    contenders.push_back({name, [=, move = move](unsigned i) {
-                            const Point spot = SpotOf(job, i);
-                            for (int y = 0; y < job.height; ++y) {
-                              move(picture.At(0, y), picture.Pitch(), canvas.At(spot.x, spot.y + y),
-                                   rowSize);
-                            }
-                          }});
+// The texels that a job shows, each once, as far as there is not more than one for each pixel.
+int64_t TexelsShown(const Job &job, const Picture &picture, int64_t pixels) {
+  int64_t texels = int64_t{picture.width} * picture.height;
+  if (job.kind == Kind::kTexturedTriangle) {
+    const auto [a, b, c] = TexelsOf(job, picture);
+    texels = std::abs((b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x)) / 2;
   }
-  return contenders;
+  return std::min(texels, pixels);
+}
+
+// Every run reads its share of the picture, one behind the other.
+void ReadPicture(const Job &job, const Picture &picture, int bytesPerPixel,
+                 std::vector<Run> &runs) {
+  int64_t pixels = 0;
+  for (const Run &run : runs) pixels += run.size / bytesPerPixel;
+  const int64_t texels = TexelsShown(job, picture, pixels);
+  int64_t done = 0;
+  for (Run &run : runs) {
+    run.from = done * texels / pixels * picture.bytesPerPixel;
+    done += run.size / bytesPerPixel;
+    run.fromSize = done * texels / pixels * picture.bytesPerPixel - run.from;
+  }
+}
+
+// What leaves pixels out, or mixes them, reads the target as well.
+bool IsSolid(const Job &job) {
+  return job.mode == DRAW_SOLID && job.texels == Texels::kOpaque && !job.IsFilter() &&
+         job.kind != Kind::kSoftText;
 }
 
 }  // namespace
 
 std::vector<Contender> LimitContenders(const Job &job, const Canvas &canvas) {
-  if (job.IsCopy()) return CopyLimits(job, canvas);
-  const std::vector<Run> runs = RunsOf(job, canvas);
+  std::vector<Run> runs = RunsOf(job, canvas);
   if (runs.empty()) return {};
-  const bool isSolid = job.mode == DRAW_SOLID && !job.IsFilter() && job.kind != Kind::kSoftText;
+  const uint8_t *pixels = nullptr;
+  if (job.source != 0) {
+    const Picture picture = Picture::Of(job);
+    ReadPicture(job, picture, canvas.bytesPerPixel, runs);
+    pixels = picture.pixels;
+  }
   std::vector<Contender> contenders;
-  for (const auto &[name, write] : WritersOf(isSolid, runs, canvas.bytesPerPixel)) {
-    contenders.push_back({name, [runs, job, canvas, write = write](unsigned i) {
+  for (const auto &[name, move] : MoversOf(IsSolid(job), runs, canvas.bytesPerPixel)) {
+    contenders.push_back({name, [=, move = move](unsigned i) {
                             const Point spot = SpotOf(job, i);
-                            write(runs, canvas.At(spot.x, spot.y));
+                            move(runs, pixels, canvas.At(spot.x, spot.y));
                           }});
   }
   return contenders;

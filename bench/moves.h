@@ -7,29 +7,23 @@
 
 namespace brisal::bench {
 
-// A row of neighbouring bytes that the job touches, relative to its spot.
+// A row of neighbouring bytes that a job writes, relative to its spot, and those of its picture that it
+// reads for them, relative to the picture's first byte.
 struct Run {
   int64_t offset;
   int64_t size;
+  int64_t from = 0;
+  int64_t fromSize = 0;
 };
 
-using Writer = void (*)(const std::vector<Run> &, uint8_t *);
-using RowMover = void (*)(const uint8_t *from, int64_t fromSize, uint8_t *to, int64_t toSize);
-
-struct NamedWriter {
-  const char *name;
-  Writer write;
-};
+using Mover = void (*)(const std::vector<Run> &, const uint8_t *picture, uint8_t *spot);
 
 struct NamedMover {
   const char *name;
-  RowMover move;
+  Mover move;
 };
 
-// Ways of writing all runs, from a base on: over what is there, or as a function of it.
-std::vector<NamedWriter> WritersOf(bool isSolid, const std::vector<Run> &runs, int bytesPerPixel);
-
-// Ways of moving a row of fromSize bytes to one of toSize: over what is there, or merged with it.
-std::vector<NamedMover> MoversOf(bool copies, int64_t fromSize, int64_t toSize);
+// Ways of moving all runs: over what is there, or as a function of it.
+std::vector<NamedMover> MoversOf(bool isSolid, const std::vector<Run> &runs, int bytesPerPixel);
 
 }  // namespace brisal::bench
