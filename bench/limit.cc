@@ -60,18 +60,21 @@ int64_t TexelsShown(const Job &job, const Picture &picture, int64_t pixels) {
   return std::min(texels, pixels);
 }
 
-// Every run reads its share of the picture, one behind the other.
-void ReadPicture(const Job &job, const Picture &picture, int bytesPerPixel,
-                 std::vector<Run> &runs) {
+// Every run shows its share of the picture, one behind the other.
+std::vector<Run> ReadsOf(const Job &job, const Picture &picture, int bytesPerPixel,
+                         const std::vector<Run> &writes) {
   int64_t pixels = 0;
-  for (const Run &run : runs) pixels += run.size / bytesPerPixel;
+  for (const Run &run : writes) pixels += run.size / bytesPerPixel;
   const int64_t texels = TexelsShown(job, picture, pixels);
+  std::vector<Run> reads;
   int64_t done = 0;
-  for (Run &run : runs) {
-    run.from = done * texels / pixels * picture.bytesPerPixel;
+  for (const Run &run : writes) {
+    const int64_t first = done * texels / pixels;
     done += run.size / bytesPerPixel;
-    run.fromSize = done * texels / pixels * picture.bytesPerPixel - run.from;
+    const int64_t end = done * texels / pixels;
+    reads.push_back({first * picture.bytesPerPixel, (end - first) * picture.bytesPerPixel});
   }
+  return reads;
 }
 
 // What leaves pixels out, or mixes them, reads the target as well.
@@ -83,19 +86,19 @@ bool IsSolid(const Job &job) {
 }  // namespace
 
 std::vector<Contender> LimitContenders(const Job &job, const Canvas &canvas) {
-  std::vector<Run> runs = RunsOf(job, canvas);
-  if (runs.empty()) return {};
+  Moves moves = {RunsOf(job, canvas), {}};
+  if (moves.writes.empty()) return {};
   const uint8_t *pixels = nullptr;
   if (job.source != 0) {
     const Picture picture = Picture::Of(job);
-    ReadPicture(job, picture, canvas.bytesPerPixel, runs);
+    moves.reads = ReadsOf(job, picture, canvas.bytesPerPixel, moves.writes);
     pixels = picture.pixels;
   }
   std::vector<Contender> contenders;
-  for (const auto &[name, move] : MoversOf(IsSolid(job), runs, canvas.bytesPerPixel)) {
+  for (const auto &[name, move] : MoversOf(IsSolid(job), moves, canvas.bytesPerPixel)) {
     contenders.push_back({name, [=, move = move](unsigned i) {
                             const Point spot = SpotOf(job, i);
-                            move(runs, pixels, canvas.At(spot.x, spot.y));
+                            move(moves, pixels, canvas.At(spot.x, spot.y));
                           }});
   }
   return contenders;

@@ -96,7 +96,8 @@ struct Storing {
 
   template <int kBytes>
   [[gnu::always_inline]] static inline void Long(uint8_t *p, int64_t n) {
-    const auto value = typename Wide<kBytes>::V{} + uint8_t{0x5A};
+    auto value = typename Wide<kBytes>::V{} + uint8_t{0x5A};
+    asm("" : "+x"(value));  // or else GCC would call memset
     uint8_t *const last = p + n - kBytes;
     for (; p + 3 * kBytes <= last; p += 4 * kBytes) {
       for (int k = 0; k < 4; ++k) Put(p + k * kBytes, value);
@@ -158,12 +159,12 @@ struct Streaming {
 // In vectors of kBytes, or narrower ones where the run is shorter.
 template <class Way, int kBytes, class Byte>
 [[gnu::always_inline]] inline void MoveRun(Byte *p, int64_t n) {
-  if (n >= kBytes) {
-    Way::template Long<kBytes>(p, n);
-  } else if (n >= 32) {
+  if (n < 32) {
+    Way::Short(p, n);
+  } else if (n < kBytes) {
     Way::template Long<32>(p, n);
   } else {
-    Way::Short(p, n);
+    Way::template Long<kBytes>(p, n);
   }
 }
 
@@ -191,26 +192,24 @@ template <class Way, int kBytes>
 
 // Always inlined, so that they take on the instruction set of their callers.
 template <class Way, int kBytes>
-[[gnu::always_inline]] inline void MoveRuns(const std::vector<Run> &runs, const uint8_t *picture,
-                                            uint8_t *spot) {
-  for (const Run &run : runs) {
-    if (run.fromSize > 0) MoveRun<Reading, kBytes>(picture + run.from, run.fromSize);
-    MoveRun<Way, kBytes>(spot + run.offset, run.size);
-  }
+[[gnu::always_inline]] inline void MoveRuns(const Moves &moves, const uint8_t *, uint8_t *spot) {
+  for (const Run &run : moves.writes) MoveRun<Way, kBytes>(spot + run.offset, run.size);
 }
 
 template <class Way, int kBytes>
-[[gnu::always_inline]] inline void PairRuns(const std::vector<Run> &runs, const uint8_t *picture,
+[[gnu::always_inline]] inline void PairRuns(const Moves &moves, const uint8_t *picture,
                                             uint8_t *spot) {
-  for (const Run &run : runs) {
-    PairRun<Way, kBytes>(picture + run.from, run.fromSize, spot + run.offset, run.size);
+  const Run *from = moves.reads.data();
+  for (const Run &to : moves.writes) {
+    PairRun<Way, kBytes>(picture + from->offset, from->size, spot + to.offset, to.size);
+    ++from;
   }
 }
 
-#define BRISAL_MOVER(name, isa, moves)                                                  \
-  [[gnu::target(isa), gnu::flatten]] void name(const std::vector<Run> &runs,            \
-                                               const uint8_t *picture, uint8_t *spot) { \
-    moves(runs, picture, spot);                                                         \
+#define BRISAL_MOVER(name, isa, move)                                                      \
+  [[gnu::target(isa), gnu::flatten]] void name(const Moves &moves, const uint8_t *picture, \
+                                               uint8_t *spot) {                            \
+    move(moves, picture, spot);                                                            \
   }
 BRISAL_MOVER(StoreByAvx2, "avx2", (MoveRuns<Storing, 32>))
 BRISAL_MOVER(CopyByAvx2, "avx2", (PairRuns<Storing, 32>))
@@ -240,17 +239,22 @@ std::vector<VectorMovers> VectorMoversHere() {
   return sets;
 }
 
-void WithRepStos(const std::vector<Run> &runs, const uint8_t *, uint8_t *spot) {
-  for (const Run &run : runs) {
+void WithRepStos(const Moves &moves, const uint8_t *, uint8_t *spot) {
+  for (const Run &run : moves.writes) {
     uint8_t *p = spot + run.offset;
     int64_t n = run.size;
     asm volatile("rep stosb" : "+D"(p), "+c"(n) : "a"(0x5A) : "memory");
   }
 }
 
-[[gnu::target("avx2"), gnu::flatten]] void WithStreaming(const std::vector<Run> &runs,
-                                                         const uint8_t *picture, uint8_t *spot) {
-  MoveRuns<Streaming, 32>(runs, picture, spot);
+[[gnu::target("avx2"), gnu::flatten]] void WithStreaming(const Moves &moves, const uint8_t *picture,
+                                                         uint8_t *spot) {
+  for (size_t i = 0; i < moves.writes.size(); ++i) {
+    if (i < moves.reads.size()) {
+      MoveRun<Reading, 32>(picture + moves.reads[i].offset, moves.reads[i].size);
+    }
+    MoveRun<Streaming, 32>(spot + moves.writes[i].offset, moves.writes[i].size);
+  }
   _mm_sfence();
 }
 
@@ -261,8 +265,8 @@ void WithRepStos(const std::vector<Run> &runs, const uint8_t *, uint8_t *spot) {
 namespace brisal::bench {
 
 std::vector<VectorMovers> VectorMoversHere() { return {}; }
-void WithRepStos(const std::vector<Run> &, const uint8_t *, uint8_t *) {}
-void WithStreaming(const std::vector<Run> &, const uint8_t *, uint8_t *) {}
+void WithRepStos(const Moves &, const uint8_t *, uint8_t *) {}
+void WithStreaming(const Moves &, const uint8_t *, uint8_t *) {}
 
 }  // namespace brisal::bench
 

@@ -9,7 +9,7 @@
 
 namespace brisal::bench {
 
-// Those of one instruction set: what a run reads before what it writes, or both in turn.
+// Those of one instruction set, for jobs that read no picture and for those that do.
 struct VectorMovers {
   NamedMover store, copy;
   NamedMover flip, merge;
@@ -18,8 +18,8 @@ struct VectorMovers {
 // Of the sets that this processor has; none but on x86-64.
 std::vector<VectorMovers> VectorMoversHere();
 
-// For runs that read nothing, and where there are sets.
-void WithRepStos(const std::vector<Run> &runs, const uint8_t *picture, uint8_t *spot);
-void WithStreaming(const std::vector<Run> &runs, const uint8_t *picture, uint8_t *spot);
+// Where there are such sets; the first one reads no picture.
+void WithRepStos(const Moves &moves, const uint8_t *picture, uint8_t *spot);
+void WithStreaming(const Moves &moves, const uint8_t *picture, uint8_t *spot);
 
 }  // namespace brisal::bench
