@@ -1,10 +1,13 @@
 #include "pixel/blit_kernels.h"
 
+#include <algorithm>
+
 #include "core/ints.h"
 #include "pixel/argb_source.h"
 #include "pixel/blit_rules.h"
 #include "pixel/column.h"
 #include "pixel/convert_source.h"
+#include "pixel/flat_source.h"
 #include "pixel/keyed_source.h"
 #include "pixel/pixel_source.h"
 
@@ -79,6 +82,36 @@ struct CombineRows : UpTo64Bytes {
   }
 };
 
+// Pixels of three bytes but for the key. Where bytes have masks, 21 of them are compared and stored as they
+// lie in memory.
+struct KeyedTripleRows : UpTo64Bytes {
+  template <int VectorBytes>
+  BRISAL_INLINE static void Run(const Transfer &given, uint32_t key) {
+#if BRISAL_HAS_AVX512
+    if constexpr (VectorBytes == 64) {
+      if (!Overlap<Rgb24, Rgb24>(given)) return CopyMasked(given, key);
+    }
+#endif
+    CombineRows<Rgb24, Rgb24, KeyedTriples, UnlessMasked>::Run<VectorBytes>(given, key);
+  }
+
+#if BRISAL_HAS_AVX512
+ private:
+  BRISAL_INLINE static void CopyMasked(const Transfer &given, uint32_t key) {
+    constexpr ptrdiff_t kMost = 63;
+    const Transfer t = given;
+    const auto keys = Flat<Rgb24>(key).Start<64>().group.part[0];
+    for (int64_t row = 0; row < t.rows; ++row) {
+      uint8_t *to = t.to + ByteOffset(row, t.toPitch);
+      const uint8_t *from = t.from + ByteOffset(row, t.fromPitch);
+      for (ptrdiff_t rest = t.width * 3; rest > 0; rest -= kMost, to += kMost, from += kMost) {
+        CopyUnlessTriple(to, from, std::min(rest, kMost), keys);
+      }
+    }
+  }
+#endif
+};
+
 // Pixels that keep their bytes. Where the blocks overlap, as copying one pixel after the other does.
 template <class T>
 struct CopyRows : UpTo64Bytes {
@@ -126,7 +159,7 @@ using Storage =
 template <class T>
 BlitKernel PickKeyed(Isa isa) {
   if constexpr (T::kBytes == 3) {
-    return Blits::Of<CombineRows<T, T, KeyedTriples, UnlessMasked>>().For(isa);
+    return Blits::Of<KeyedTripleRows>().For(isa);
   } else {
     return Blits::Of<CombineRows<T, T, Pixels<T>, UnlessKey<T>>>().For(isa);
   }

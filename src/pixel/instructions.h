@@ -112,6 +112,18 @@ template <class Half, class V>
                                                       const Vector<uint8_t, 64> &v) {
   _mm512_mask_storeu_epi8(p, ~uint64_t{0} >> (64 - bytes), (__m512i)v);
 }
+
+// Copies the first 3 to 63 bytes, all but the triples of them that equal the key's.
+[[gnu::target(BRISAL_AVX512)]] inline void CopyUnlessTriple(uint8_t *to, const uint8_t *from,
+                                                            ptrdiff_t bytes,
+                                                            const Vector<uint8_t, 64> &key) {
+  const uint64_t inside = ~uint64_t{0} >> (64 - bytes);
+  const __m512i pixels = _mm512_maskz_loadu_epi8(inside, from);
+  const uint64_t equal = _mm512_cmpeq_epi8_mask(pixels, (__m512i)key);
+  constexpr uint64_t kFirstOfThree = 0x1249249249249249;
+  const uint64_t keys = (equal & equal >> 1 & equal >> 2 & kFirstOfThree) * 7;
+  _mm512_mask_storeu_epi8(to, inside & ~keys, pixels);
+}
 #endif
 #endif
 
