@@ -168,8 +168,9 @@ template <class Way, int kBytes, class Byte>
   }
 }
 
-// Reads and writes in turn where both runs have a vector's length; of a shorter one the end is read again.
-// The way says what is written for what was read. The last bytes are read before any are written.
+// Reads and writes in turn where both runs have a vector's length and no less is written than read; where
+// more is, the end is read again. The way says what is written for what was read. The last bytes are read
+// before any are written.
 template <class Way, int kBytes>
 [[gnu::always_inline]] inline void PairRun(const uint8_t *from, int64_t fromSize, uint8_t *to,
                                            int64_t size) {
@@ -182,12 +183,13 @@ template <class Way, int kBytes>
       Put(to + k, Way::Of(W::Load(from + std::min(k, fromLast)), to + k));
     }
     Put(to + last, tail);
-  } else if constexpr (kBytes > 32) {
-    PairRun<Way, 32>(from, fromSize, to, size);
-  } else {
-    if (fromSize > 0) MoveRun<Reading, kBytes>(from, fromSize);
-    MoveRun<Way, kBytes>(to, size);
+    return;
   }
+  if constexpr (kBytes > 32) {
+    if (fromLast < 0) return PairRun<Way, 32>(from, fromSize, to, size);
+  }
+  if (fromSize > 0) MoveRun<Reading, kBytes>(from, fromSize);
+  MoveRun<Way, kBytes>(to, size);
 }
 
 // Always inlined, so that they take on the instruction set of their callers.
