@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "core/reciprocal.h"
+#include "pixel/instructions.h"
 #include "pixel/lanes.h"
 
 // Values in 16.16 that change together along an edge or a span, as lanes of a vector.
@@ -33,7 +34,8 @@ BRISAL_INLINE uint32_t Whole(FixedColour fixed) {
 template <class V>
 BRISAL_INLINE V StepBetween(V from, V to, Reciprocal perStep) {
   using Doubles = Vector<double, 2 * sizeof(V)>;
-  const auto way = __builtin_convertvector(As<int32_t>(to - from), Doubles);
+  Doubles way;
+  ToDoubles(As<int32_t>(to - from), way);
   return As<uint32_t>(
       __builtin_convertvector(way * Splat<Doubles>(perStep.Value()), Vector<int32_t, sizeof(V)>));
 }

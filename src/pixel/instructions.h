@@ -12,8 +12,8 @@
 #endif
 
 // What the generic vectors have no name for: the words that the lanes of `from` number, the high halves
-// of products of 16-bit lanes, the sums of the signed products of neighbouring ones, and sums and
-// differences that saturate. By reference, since vectors of a set that the caller may lack have no agreed
+// of products of 16-bit lanes, the sums of the signed products of neighbouring ones, sums and differences
+// that saturate, and words as floating-point numbers. By reference, since vectors of a set that the caller may lack have no agreed
 // way of being passed; inlined, that makes no difference.
 
 namespace brisal {
@@ -50,7 +50,18 @@ BRISAL_INLINE void SubtractSaturated(const V &a, const V &b, V &difference) {
   difference = Max(a, b) - b;
 }
 
+template <class V, class W>
+BRISAL_INLINE void ToDoubles(const V &words, W &doubles) {
+  doubles = __builtin_convertvector(words, W);
+}
+
 #if BRISAL_HAS_AVX2
+
+// GCC would convert the two words one by one.
+[[gnu::target("sse2")]] inline void ToDoubles(const Vector<int32_t, 8> &words,
+                                              Vector<double, 16> &doubles) {
+  doubles = _mm_cvtepi32_pd(_mm_set_epi64x(0, As<int64_t>(words)[0]));
+}
 
 // One of them for vectors of a size, and all that every set has.
 #define BRISAL_INSTRUCTION(isa, Bytes, Register, Name, Lane, ResultLane, instruction) \

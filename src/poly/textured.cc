@@ -59,17 +59,16 @@ struct TexelValues {
   [[no_unique_address]] std::conditional_t<Shaded, ColourValues, NoValues> colour;
 };
 
-// One row between two edges, cut to the view. False where nothing of it is left.
-template <class Rules, bool Shaded>
-bool MakeSpan(const Viewport &view, bool clip, int64_t y,
-              const Chain<TexelValues<Rules, Shaded>> &l,
+// One row between two edges, cut to the view where it may be wider. False where nothing of it is left.
+template <bool Clips, class Rules, bool Shaded>
+bool MakeSpan(const Viewport &view, int64_t y, const Chain<TexelValues<Rules, Shaded>> &l,
               const Chain<TexelValues<Rules, Shaded>> &r, Span *span) {
-  const int64_t left = clip ? l.x / 65536 : l.x >> 16;
-  const int64_t right = clip ? r.x / 65536 : r.x >> 16;
+  const int64_t left = Clips ? l.x / 65536 : l.x >> 16;
+  const int64_t right = Clips ? r.x / 65536 : r.x >> 16;
   const int64_t steps = right - left - Rules::kLastPixel;
   if (steps < 1) return false;
-  const int64_t leftCut = clip ? std::max<int64_t>(view.left - left, 0) : 0;
-  const int64_t rightCut = clip ? std::max<int64_t>(right - view.right, 0) : 0;
+  const int64_t leftCut = Clips ? std::max<int64_t>(view.left - left, 0) : 0;
+  const int64_t rightCut = Clips ? std::max<int64_t>(right - view.right, 0) : 0;
   if (left + leftCut >= right - rightCut) return false;
 
   const Reciprocal perPixel(steps);
@@ -108,16 +107,21 @@ bool HasTexels(const Surface *texture) {
   return texture != nullptr && texture->width > 0 && texture->height > 0;
 }
 
-template <class Rules, bool Shaded>
+template <bool Clips, class Rules, bool Shaded>
 int64_t MakeSpans(const Polygon &polygon, const Viewport &view, Span *spans) {
   using Values = TexelValues<Rules, Shaded>;
-  const bool clip = polygon.CrossesSides(view);
   Span *end = spans;
   WalkEdges<Values, Rules>(polygon, view,
                            [&](int64_t y, const Chain<Values> &l, const Chain<Values> &r) {
-                             if (MakeSpan<Rules, Shaded>(view, clip, y, l, r, end)) ++end;
+                             if (MakeSpan<Clips, Rules, Shaded>(view, y, l, r, end)) ++end;
                            });
   return end - spans;
+}
+
+template <class Rules, bool Shaded>
+int64_t MakeSpans(const Polygon &polygon, const Viewport &view, Span *spans) {
+  if (polygon.CrossesSides(view)) return MakeSpans<true, Rules, Shaded>(polygon, view, spans);
+  return MakeSpans<false, Rules, Shaded>(polygon, view, spans);
 }
 
 template <class Rules>
