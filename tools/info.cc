@@ -1,6 +1,8 @@
 #include "tools/info.h"
 
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 #include "tools/formats.h"
 
@@ -8,10 +10,16 @@ namespace brisal::tools {
 
 namespace {
 
+bool IsAskedFor(const char *set) {
+  const char *const asked = std::getenv("BRISAL_ISA");
+  return asked != nullptr && std::strcmp(asked, set) == 0;
+}
+
 // What the library chooses where the switch is on.
 std::string BestInstructionSet() {
+  if (IsAskedFor("plain")) return "plain";
 #if defined(__x86_64__) && BRISAL_AVX512
-  if (__builtin_cpu_supports("avx512vbmi")) return "avx512";
+  if (__builtin_cpu_supports("avx512vbmi") && !IsAskedFor("avx2")) return "avx512";
 #endif
 #if defined(__x86_64__) || defined(__i386__)
   if (__builtin_cpu_supports("avx2")) return "avx2";

@@ -1,5 +1,8 @@
 #include "core/cpu.h"
 
+#include <cstdlib>
+#include <cstring>
+
 #if BRISAL_HAS_AVX2
 #include <cpuid.h>
 #include <x86intrin.h>
@@ -23,6 +26,21 @@ bool HasAvx512() {
 #endif
 }
 
+// Processors with arithmetic on halves of floats gather fast; of those before, many do not.
+bool GathersFast() {
+  unsigned a = 0;
+  unsigned b = 0;
+  unsigned c = 0;
+  unsigned d = 0;
+  constexpr unsigned kFp16 = 1u << 23;
+  return __get_cpuid_count(7, 0, &a, &b, &c, &d) != 0 && (d & kFp16) != 0;
+}
+
+bool IsAskedFor(const char *name) {
+  const char *const asked = std::getenv("BRISAL_ISA");
+  return asked != nullptr && std::strcmp(asked, name) == 0;
+}
+
 }  // namespace
 
 bool HasMmx() {
@@ -35,8 +53,10 @@ bool HasMmx() {
 
 Isa BestIsa() {
   __builtin_cpu_init();
-  if (!__builtin_cpu_supports("avx2")) return Isa::kPlain;
-  return HasAvx512() ? Isa::kAvx512 : Isa::kAvx2;
+  if (!__builtin_cpu_supports("avx2") || IsAskedFor("plain")) return Isa::kPlain;
+  if (!HasAvx512() || IsAskedFor("avx2")) return Isa::kAvx2;
+  if (IsAskedFor("avx512")) return Isa::kAvx512;
+  return GathersFast() || IsAskedFor("gathering") ? Isa::kGathering : Isa::kAvx512;
 }
 
 uint64_t CycleCount() { return __rdtsc(); }

@@ -20,12 +20,14 @@
 
 namespace brisal {
 
-// The instruction sets that kernels are compiled for. Each is a column of the kernel tables.
-enum class Isa : uint8_t { kPlain, kAvx2, kAvx512 };
+// The instruction sets that kernels are compiled for. Each is a column of the kernel tables. The last two
+// have the same instructions, but where processors gather fast the last one makes more of that.
+enum class Isa : uint8_t { kPlain, kAvx2, kAvx512, kGathering };
 
 bool HasMmx();
 
-// The last one that this processor runs, and the library was built with.
+// The fastest one that this processor runs, and the library was built with; or the one that the
+// environment's BRISAL_ISA names (plain, avx2, avx512, gathering), so that each can be tested and timed.
 Isa BestIsa();
 
 // The time-stamp counter, or a monotonic clock in nanoseconds where there is none.

@@ -29,11 +29,20 @@ template <class Kernel, class... Args>
 [[gnu::target(BRISAL_AVX512), gnu::flatten]] void RunWidest(Args... args) {
   Kernel::template Run<64>(args...);
 }
+
+template <class Kernel, class... Args>
+[[gnu::target(BRISAL_AVX512), gnu::flatten]] void RunGathering(Args... args) {
+  Kernel::template Run<64, true>(args...);
+}
 #endif
 
 // What kernels derive from that vectors of 64 bytes pay for. The others run as wide ones at the most.
 struct UpTo64Bytes {};
 struct UpTo32Bytes {};
+// What those derive from that fast gathers pay for: their Run takes whether gathers are fast.
+struct GathersTexels : UpTo64Bytes {};
+template <bool kPays>
+using GathersTexelsIf = std::conditional_t<kPays, GathersTexels, UpTo64Bytes>;
 
 template <class... Args>
 struct Kernels {
@@ -41,27 +50,45 @@ struct Kernels {
 
   template <class Kernel>
   static constexpr Kernels Of() {
-#if BRISAL_HAS_AVX512
-    if constexpr (std::is_base_of_v<UpTo64Bytes, Kernel>) {
-      return {{&RunPlain<Kernel, Args...>, &RunWide<Kernel, Args...>, &RunWidest<Kernel, Args...>}};
-    }
-#endif
-#if BRISAL_HAS_AVX2
-    return {{&RunPlain<Kernel, Args...>, &RunWide<Kernel, Args...>, &RunWide<Kernel, Args...>}};
-#else
-    return PlainOf<Kernel>();
-#endif
+    return {{&RunPlain<Kernel, Args...>, Wide<Kernel>(), Widest<Kernel>(), Gathering<Kernel>()}};
   }
 
   // For kernels that wider vectors do nothing for.
   template <class Kernel>
   static constexpr Kernels PlainOf() {
-    return {{&RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>, &RunPlain<Kernel, Args...>}};
+    constexpr Function kPlain = &RunPlain<Kernel, Args...>;
+    return {{kPlain, kPlain, kPlain, kPlain}};
   }
 
   constexpr Function For(Isa isa) const { return columns[static_cast<size_t>(isa)]; }
 
-  Function columns[4];  // a power of two: small jobs feel the multiplication by three
+  Function columns[4];
+
+ private:
+  template <class Kernel>
+  static constexpr Function Wide() {
+#if BRISAL_HAS_AVX2
+    return &RunWide<Kernel, Args...>;
+#else
+    return &RunPlain<Kernel, Args...>;
+#endif
+  }
+
+  template <class Kernel>
+  static constexpr Function Widest() {
+#if BRISAL_HAS_AVX512
+    if constexpr (std::is_base_of_v<UpTo64Bytes, Kernel>) return &RunWidest<Kernel, Args...>;
+#endif
+    return Wide<Kernel>();
+  }
+
+  template <class Kernel>
+  static constexpr Function Gathering() {
+#if BRISAL_HAS_AVX512
+    if constexpr (std::is_base_of_v<GathersTexels, Kernel>) return &RunGathering<Kernel, Args...>;
+#endif
+    return Widest<Kernel>();
+  }
 };
 
 // Cells that are the same operation share one kernel. Formats 4 and 5 always do.

@@ -2,6 +2,7 @@
 #include <type_traits>
 
 #include "pixel/column.h"
+#include "pixel/gathered_texels.h"
 #include "pixel/keyed_source.h"
 #include "pixel/pixel_source.h"
 #include "pixel/rules.h"
@@ -32,15 +33,20 @@ int32_t FindMaskRow(const TexelPath &given, ptrdiff_t n, int32_t rows) {
 }
 
 template <class F, bool Keyed>
-struct CopySpans : UpTo64Bytes {
-  template <int VectorBytes>
+struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
+  // The loop over the spans is there for each kind of rows: short spans feel every branch.
+  template <int VectorBytes, bool Gathers = false>
   BRISAL_INLINE static void Run(const TexelPath &texture, const Span *spans, int64_t count,
                                 const Buffer &target, bool skipsMask) {
-    // The loop over the spans is there for each kind of rows: short spans feel every branch.
-    WithRows<F, VectorBytes>(
-        texture, [&](auto rows) __attribute__((always_inline)) {
-          CopyAll<VectorBytes, decltype(rows)>(texture, spans, count, target, skipsMask);
-        });
+    const auto copy = [&](auto rows) __attribute__((always_inline)) {
+      CopyAll<VectorBytes, decltype(rows)>(texture, spans, count, target, skipsMask);
+    };
+    if constexpr (Gathers) {
+      if (GatheredRows::Hold<F>(texture)) return copy(GatheredRows{});
+      copy(FarRows{});
+    } else {
+      WithRows<F, VectorBytes>(texture, copy);
+    }
   }
 
   template <int VectorBytes, class Rows>
@@ -61,7 +67,7 @@ struct CopySpans : UpTo64Bytes {
       } else if (path.dv == 0) {
         CopyAlongRow<VectorBytes, Rows>(path, n, pixels);
       } else {
-        CopyTexels<VectorBytes, Rows>(path, n, pixels);
+        CopyTexels<VectorBytes>(Rows{}, path, n, pixels);
       }
     }
   }
@@ -74,7 +80,7 @@ struct CopySpans : UpTo64Bytes {
     for (; n > 0; n -= kPiece, pixels += kPiece * F::kBytes, rest = From(rest, kPiece)) {
       const int piece = static_cast<int>(n < kPiece ? n : kPiece);
       if (CopyVectors<VectorBytes>(rest, piece, pixels)) continue;
-      CopyTexels<VectorBytes, Rows>(rest, piece, pixels);
+      CopyTexels<VectorBytes>(Rows{}, rest, piece, pixels);
     }
   }
 
@@ -96,9 +102,21 @@ struct CopySpans : UpTo64Bytes {
   // With AVX-512, more than eight texels at once would gain nothing, and leave more of them to be read
   // twice where a span's last ones overlap the others.
   template <int VectorBytes, class Rows>
-  BRISAL_INLINE static void CopyTexels(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
+  BRISAL_INLINE static void CopyTexels(Rows, const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
     constexpr int kBytes = VectorBytes < 64 ? VectorBytes : 8 * F::kBytes;
     Combine<kBytes>(path, n, pixels, Texels<F, VectorBytes, Rows>(path));
+  }
+
+  template <int VectorBytes>
+  BRISAL_INLINE static void CopyTexels(GatheredRows, const TexelPath &path, ptrdiff_t n,
+                                       uint8_t *pixels) {
+    const uint32_t key = path.storedKey;
+    ForEachGathered<F>(
+        path, n, [=](ptrdiff_t i, auto texels, uint16_t mask) __attribute__((always_inline)) {
+          if constexpr (Keyed) mask &= UnequalWords(texels, Splat<decltype(texels)>(key));
+          if constexpr (F::kBytes == 2) return StoreHalves(pixels + i * 2, mask, texels);
+          StoreWords(pixels + i * 4, mask, texels);
+        });
   }
 
   // Pixels of three bytes, of which the key is not looked for in vectors.

@@ -30,16 +30,20 @@ BRISAL_INLINE void FindRuns(int n, const uint32_t *stored, uint32_t key, TexelRu
   runs->count = count;
 }
 
+// Gathered pairs of 32-bit texels would still have to be parted.
+template <class F, bool Filtered>
+using FetchColumns = GathersTexelsIf<F::kBytes == 2 || (F::kBytes == 4 && !Filtered)>;
+
 template <class F, bool Filtered, bool Compressed>
-struct Fetch : UpTo64Bytes {
-  template <int VectorBytes>
+struct Fetch : FetchColumns<F, Filtered> {
+  template <int VectorBytes, bool Gathers = false>
   BRISAL_INLINE static void Run(const TexelPath *given, int n, uint32_t *texels, TexelRuns *runs) {
     const TexelPath path = *given;
     uint32_t stored[kPiece];
     if constexpr (Filtered) {
-      TexelFilter<F, Compressed, VectorBytes>(path).Run(n, texels, stored);
+      TexelFilter<F, Compressed, Gathers, VectorBytes>(path).Run(n, texels, stored);
     } else {
-      LoadStored<F, VectorBytes>(path, n, stored);
+      LoadStored<F, VectorBytes, Gathers>(path, n, stored);
       for (int i = 0; i < n; ++i) texels[i] = F::Widen(stored[i]);
     }
     if constexpr (Compressed) return FindRuns(n, stored, path.storedKey, runs);

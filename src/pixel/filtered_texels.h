@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "pixel/blend_bytes.h"
+#include "pixel/gathered_texels.h"
 #include "pixel/texel_loads.h"
 #include "pixel/texel_pairs.h"
 
@@ -15,7 +16,7 @@
 namespace brisal {
 
 // Filters the texels of a path, `Compressed` where transparent neighbours count as black.
-template <class F, bool Compressed, int ColumnBytes, int VectorBytes = ColumnBytes>
+template <class F, bool Compressed, bool Gathers, int ColumnBytes, int VectorBytes = ColumnBytes>
 class TexelFilter {
  public:
   BRISAL_INLINE explicit TexelFilter(const TexelPath &path) : path_(path) {}
@@ -23,7 +24,7 @@ class TexelFilter {
   // Writes n filtered texels, and the own ones as they are stored.
   BRISAL_INLINE void Run(int n, uint32_t *texels, uint32_t *stored) const {
     if constexpr (VectorBytes > 16) {
-      using Narrower = TexelFilter<F, Compressed, ColumnBytes, VectorBytes / 2>;
+      using Narrower = TexelFilter<F, Compressed, Gathers, ColumnBytes, VectorBytes / 2>;
       if (n < kLanes) return Narrower(path_).Run(n, texels, stored);
     }
     // Only at its ends does a straight path lie at the edge of the texture.
@@ -43,7 +44,7 @@ class TexelFilter {
 
  private:
   using V = Vector<uint32_t, VectorBytes>;
-  using Word = typename Pair<F>::Word;
+  using AllPairs = Pairs<F, V, ColumnBytes, Compressed>;
   static constexpr int kLanes = VectorBytes / 4;
 
   BRISAL_INLINE bool HasNeighbours(int i) const {
@@ -53,7 +54,9 @@ class TexelFilter {
 
   BRISAL_INLINE void FilterInside(int begin, int end, uint32_t *texels, uint32_t *stored) const {
 #if BRISAL_HAS_AVX512
-    if constexpr (VectorBytes == 64) {
+    if constexpr (Gathers && VectorBytes == 64) {
+      return Filter<GatheredRows>(begin, end, texels, stored);
+    } else if constexpr (VectorBytes == 64) {
       if (PackedRows::Hold<F>(path_)) return Filter<PackedRows>(begin, end, texels, stored);
     }
 #endif
@@ -80,21 +83,32 @@ class TexelFilter {
   template <class Places>
   BRISAL_INLINE void FilterGroup(const Places &places, const Coordinates<VectorBytes> &coordinates,
                                  uint32_t *texels, uint32_t *stored) const {
+    AllPairs top, bottom;
+    Load(places, top, bottom);
+    StoreVector(Bytes(texels), Blend(top, bottom, coordinates.U(), coordinates.V()));
+    StoreVector(Bytes(stored), top.Own());
+  }
+
+  BRISAL_INLINE void Load(const GatheredPlaces<F, VectorBytes> &places, AllPairs &top,
+                          AllPairs &bottom) const {
+    const V distances = places.Get();
+    top.Gather(path_.address, distances);
+    bottom.Gather(path_.address + path_.pitch, distances);
+  }
+
+  template <class Places>
+  BRISAL_INLINE void Load(const Places &places, AllPairs &top, AllPairs &bottom) const {
     const typename Places::template Distances<kLanes> distances(places);
     const auto *const distance = &distances;
     const uint8_t *const address = path_.address;
     const uint8_t *const below = address + path_.pitch;
-    using AllPairs = Pairs<F, V, ColumnBytes, Compressed>;
     const auto topAt = [=](size_t i) __attribute__((always_inline)) {
       return Pair<F>::Load(address + (*distance)[i]);
     };
     const auto bottomAt = [=](size_t i) __attribute__((always_inline)) {
       return Pair<F>::Load(below + (*distance)[i]);
     };
-    AllPairs top, bottom;
     AllPairs::Load(topAt, bottomAt, top, bottom);
-    StoreVector(Bytes(texels), Blend(top, bottom, coordinates.U(), coordinates.V()));
-    StoreVector(Bytes(stored), top.Own());
   }
 
   // Texels that may lie in the texture's last column or row: those are repeated.

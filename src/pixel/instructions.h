@@ -13,8 +13,8 @@
 
 // What the generic vectors have no name for: the words that the lanes of `from` number, the high halves
 // of products of 16-bit lanes, the sums of the signed products of neighbouring ones, sums and differences
-// that saturate, and words as floating-point numbers. By reference, since vectors of a set that the caller may lack have no agreed
-// way of being passed; inlined, that makes no difference.
+// that saturate, and words as floating-point numbers. By reference, since vectors of a set that the caller
+// may lack have no agreed way of being passed; inlined, that makes no difference.
 
 namespace brisal {
 
@@ -111,6 +111,37 @@ template <class Half, class V>
 // The bits that the mask has, next to each other.
 [[gnu::target(BRISAL_AVX512)]] inline uint64_t ExtractBits(uint64_t bits, uint64_t mask) {
   return _pext_u64(bits, mask);
+}
+
+// The words at distances from p, in bytes. Nothing is read, and the lane is 0, where the mask has no bit.
+[[gnu::target(BRISAL_AVX512)]] inline void GatherWords(const uint8_t *p,
+                                                       const Vector<uint32_t, 64> &distances,
+                                                       uint16_t mask, Vector<uint32_t, 64> &words) {
+  words = (Vector<uint32_t, 64>)_mm512_mask_i32gather_epi32(_mm512_setzero_si512(), mask,
+                                                            (__m512i)distances, p, 1);
+}
+
+// To the right, by the low five bits of each lane.
+[[gnu::target(BRISAL_AVX512)]] inline void RotateWords(const Vector<uint32_t, 64> &words,
+                                                       const Vector<uint32_t, 64> &bits,
+                                                       Vector<uint32_t, 64> &rotated) {
+  rotated = (Vector<uint32_t, 64>)_mm512_rorv_epi32((__m512i)words, (__m512i)bits);
+}
+
+[[gnu::target(BRISAL_AVX512)]] inline uint16_t UnequalWords(const Vector<uint32_t, 64> &a,
+                                                            const Vector<uint32_t, 64> &b) {
+  return _mm512_cmpneq_epi32_mask((__m512i)a, (__m512i)b);
+}
+
+// The words, or their low halves, where the mask has a bit.
+[[gnu::target(BRISAL_AVX512)]] inline void StoreWords(uint8_t *p, uint16_t mask,
+                                                      const Vector<uint32_t, 64> &words) {
+  _mm512_mask_storeu_epi32(p, mask, (__m512i)words);
+}
+
+[[gnu::target(BRISAL_AVX512)]] inline void StoreHalves(uint8_t *p, uint16_t mask,
+                                                       const Vector<uint32_t, 64> &words) {
+  _mm256_mask_storeu_epi16(p, mask, _mm512_cvtepi32_epi16((__m512i)words));
 }
 
 // The first 1 to 64 bytes of a vector: nothing behind them is read, or written.

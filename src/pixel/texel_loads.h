@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "pixel/format.h"
+#include "pixel/gathered_texels.h"
 #include "pixel/instructions.h"
 #include "pixel/texel_places.h"
 
@@ -128,8 +129,17 @@ BRISAL_INLINE bool LoadVectors(const TexelPath &path, int n, uint8_t *to) {
   return false;
 }
 
+template <class F>
+BRISAL_INLINE void LoadGathered(const TexelPath &path, int n, uint32_t *stored) {
+  uint8_t *const to = reinterpret_cast<uint8_t *>(stored);
+  ForEachGathered<F>(
+      path, n, [to](ptrdiff_t i, auto texels, uint16_t mask) __attribute__((always_inline)) {
+        StoreWords(to + i * 4, mask, texels);
+      });
+}
+
 // Loads n texels as they are stored.
-template <class F, int VectorBytes>
+template <class F, int VectorBytes, bool Gathers = false>
 BRISAL_INLINE void LoadStored(const TexelPath &path, int n, uint32_t *stored) {
   if (IsStraight(path)) {
     const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
@@ -138,6 +148,9 @@ BRISAL_INLINE void LoadStored(const TexelPath &path, int n, uint32_t *stored) {
   }
   if constexpr (F::kBytes == 4) {
     if (LoadVectors<F, VectorBytes>(path, n, reinterpret_cast<uint8_t *>(stored))) return;
+  }
+  if constexpr (Gathers) {
+    if (GatheredRows::Hold<F>(path)) return LoadGathered<F>(path, n, stored);
   }
   ForEachTexel<F, VectorBytes>(
       path, n, [stored](ptrdiff_t i, const uint8_t *texel) __attribute__((always_inline)) {

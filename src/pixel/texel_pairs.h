@@ -111,6 +111,11 @@ class WordPairs {
     GatherTwo<ColumnBytes>(topAt, bottomAt, top.words_, bottom.words_);
   }
 
+  // Those at distances from a row's first texel, in bytes.
+  BRISAL_INLINE void Gather(const uint8_t *row, const V &distances) {
+    GatherWords(row, distances, 0xFFFF, words_);
+  }
+
   BRISAL_INLINE V Own() const { return words_ & 0xFFFFu; }
 
   BRISAL_INLINE static V Blend(const WordPairs &top, const WordPairs &bottom, V u, V v,

@@ -51,6 +51,8 @@ class Coordinates {
 
   BRISAL_INLINE Words U() const { return u_; }
   BRISAL_INLINE Words V() const { return v_; }
+  // Without their fractions: columns in the low halves, rows in the high ones.
+  BRISAL_INLINE Words Whole() const { return HighHalves(v_, u_ >> 16); }
 
   BRISAL_INLINE void Advance(int n) {
     u_ += Splat<Words>(du_ * static_cast<uint32_t>(n));
@@ -100,14 +102,19 @@ struct NearRows {
     return path.pitch == static_cast<int16_t>(path.pitch);
   }
 
+  // What a row and a column are multiplied with.
+  template <class F>
+  BRISAL_INLINE static uint32_t Factors(const TexelPath &path) {
+    return static_cast<uint32_t>(path.pitch) << 16 | static_cast<uint32_t>(F::kBytes);
+  }
+
   template <class F, int VectorBytes>
   class Places {
    public:
     static constexpr int kLanes = VectorBytes / 4;
 
     BRISAL_INLINE explicit Places(const TexelPath &path)
-        : factors_(static_cast<uint32_t>(path.pitch) << 16 | static_cast<uint32_t>(F::kBytes)),
-          coordinates_(path) {}
+        : factors_(Factors<F>(path)), coordinates_(path) {}
 
     template <int N>
     class Distances {
@@ -128,10 +135,9 @@ struct NearRows {
     // Distances leave the vector two by two.
     BRISAL_INLINE void Take(ptrdiff_t *distance) const {
       using Words = Vector<uint32_t, VectorBytes>;
-      const Words u = coordinates_.U();
       Words distances;
-      MultiplyAdd(As<uint16_t>(HighHalves(coordinates_.V(), u >> 16)),
-                  As<uint16_t>(Splat<Words>(factors_)), distances);
+      MultiplyAdd(As<uint16_t>(coordinates_.Whole()), As<uint16_t>(Splat<Words>(factors_)),
+                  distances);
       int64_t pairs[kLanes / 2];
       if constexpr (VectorBytes == 16) {
         // GCC would take the upper pair by an instruction that waits for what its register held before.
