@@ -14,6 +14,7 @@ import sys
 HEADING = re.compile(r"^[0-9a-f]+ <(.*)>:$")
 # The names of a column's functions, the registers that they must use, and those that they must not.
 COLUMNS = {
+    "gathering": (re.compile(r"RunGathering\b"), re.compile(r"gather"), None),
     "widest": (re.compile(r"RunWidest\b"), re.compile(r"%[yz]mm"), None),
     "wide": (re.compile(r"RunWide\b"), re.compile(r"%ymm"), re.compile(r"%zmm|%[xy]mm(1[6-9]|[23]\d)|%k\d")),
     "plain": (re.compile(""), None, re.compile(r"%[yz]mm|%k\d|\tvzero")),
