@@ -144,10 +144,20 @@ template <class Half, class V>
   _mm256_mask_storeu_epi16(p, mask, _mm512_cvtepi32_epi16((__m512i)words));
 }
 
-// The first 1 to 64 bytes of a vector: nothing behind them is read, or written.
+// The first bytes of a vector, one at the least: nothing behind them is read, or written.
 [[gnu::target(BRISAL_AVX512)]] inline void LoadFirst(const uint8_t *p, ptrdiff_t bytes,
                                                      Vector<uint8_t, 64> &v) {
   v = (Vector<uint8_t, 64>)_mm512_maskz_loadu_epi8(~uint64_t{0} >> (64 - bytes), p);
+}
+
+[[gnu::target(BRISAL_AVX512)]] inline void LoadFirst(const uint8_t *p, ptrdiff_t bytes,
+                                                     Vector<uint8_t, 32> &v) {
+  v = (Vector<uint8_t, 32>)_mm256_maskz_loadu_epi8(~uint32_t{0} >> (32 - bytes), p);
+}
+
+[[gnu::target(BRISAL_AVX512)]] inline void StoreFirst(uint8_t *p, ptrdiff_t bytes,
+                                                      const Vector<uint8_t, 32> &v) {
+  _mm256_mask_storeu_epi8(p, ~uint32_t{0} >> (32 - bytes), (__m256i)v);
 }
 
 [[gnu::target(BRISAL_AVX512)]] inline void StoreFirst(uint8_t *p, ptrdiff_t bytes,

@@ -25,16 +25,45 @@ struct ShadedSpans : UpTo64Bytes {
     Shaded<F> sources[kBatch];
     for (; count > 0; spans += kBatch, count -= kBatch) {
       const int batch = count < kBatch ? static_cast<int>(count) : kBatch;
-      for (int i = 0; i < batch; ++i) {
-        sources[i] = Shaded<F>(spans[i].leftColour, spans[i].rightColour, Length(spans[i]));
+      const ptrdiff_t longest = Prepare(spans, batch, sources);
+      // Where all are short, narrower vectors have less to work out. With 32-bit pixels they gain nothing.
+      if constexpr (VectorBytes == 64 && F::kBytes != 4) {
+        if (longest < Group<F, 32>::kPixels) {
+          Draw(
+              spans, batch,
+              target, [&](int i, uint8_t *row, ptrdiff_t n) __attribute__((always_inline)) {
+                CombinePart<F, 32>(row, row, n, rule, sources[i]);
+              });
+          continue;
+        }
       }
-      for (int i = 0; i < batch; ++i) {
-        const ShadedSpan &span = spans[i];
-        const ptrdiff_t n = Length(span);
-        if (n <= 0 || Vanishes<F, R>(span)) continue;
-        uint8_t *row = target.Row(span.y) + ptrdiff_t{span.left} * F::kBytes;
-        CombineRun<F, VectorBytes>(row, row, n, rule, sources[i]);
-      }
+      Draw(
+          spans, batch,
+          target, [&](int i, uint8_t *row, ptrdiff_t n) __attribute__((always_inline)) {
+            CombineRun<F, VectorBytes>(row, row, n, rule, sources[i]);
+          });
+    }
+  }
+
+  // Returns the length of the longest span.
+  BRISAL_INLINE static ptrdiff_t Prepare(const ShadedSpan *spans, int count, Shaded<F> *sources) {
+    ptrdiff_t longest = 0;
+    for (int i = 0; i < count; ++i) {
+      const ptrdiff_t n = Length(spans[i]);
+      sources[i] = Shaded<F>(spans[i].leftColour, spans[i].rightColour, n);
+      if (n > longest) longest = n;
+    }
+    return longest;
+  }
+
+  template <class DrawRow>
+  BRISAL_INLINE static void Draw(const ShadedSpan *spans, int count, const Buffer &target,
+                                 DrawRow drawRow) {
+    for (int i = 0; i < count; ++i) {
+      const ShadedSpan &span = spans[i];
+      const ptrdiff_t n = Length(span);
+      if (n <= 0 || Vanishes<F, R>(span)) continue;
+      drawRow(i, target.Row(span.y) + ptrdiff_t{span.left} * F::kBytes, n);
     }
   }
 };
