@@ -7,8 +7,6 @@
 namespace brisal {
 namespace {
 
-BRISAL_INLINE uint32_t Byte(uint32_t colour, int shift) { return colour >> shift & 0xFF; }
-
 struct FadeColours : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(uint8_t *bytes, int n, uint32_t factor) {
@@ -29,11 +27,24 @@ struct FadeColours : UpTo64Bytes {
 struct GreyColours : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(uint8_t *colours, int n) {
-    for (int i = 0; i < n; ++i) {
-      const uint32_t c = Xrgb32::Load(colours + 4 * i);
-      const uint32_t grey = (Byte(c, 16) * 225 + Byte(c, 8) * 723 + Byte(c, 0) * 76) >> 10;
-      Xrgb32::Store(colours + 4 * i, (c & 0xFF000000) | grey * 0x010101);
+    constexpr int kLanes = VectorBytes / 4;
+    uint8_t *const end = colours + 4 * ptrdiff_t{n};
+    for (; n >= kLanes; n -= kLanes, colours += VectorBytes) {
+      StoreVector(colours, Grey(LoadVector<Vector<uint32_t, VectorBytes>>(colours)));
     }
+    for (; colours < end; colours += 4) {
+      Xrgb32::Store(colours, Grey(Splat<Vector<uint32_t, 16>>(Xrgb32::Load(colours)))[0]);
+    }
+  }
+
+  // Red and blue are weighed by one instruction, green by another.
+  template <class V>
+  BRISAL_INLINE static V Grey(V c) {
+    V redAndBlue, green;
+    MultiplyAdd(As<uint16_t>(c & 0xFF00FFu), As<uint16_t>(Splat<V>(225u << 16 | 76)), redAndBlue);
+    MultiplyAdd(As<uint16_t>((c >> 8) & 0xFFu), As<uint16_t>(Splat<V>(723u)), green);
+    const V grey = (redAndBlue + green) >> 10;
+    return (c & 0xFF000000u) | grey << 16 | grey << 8 | grey;
   }
 };
 
