@@ -76,6 +76,9 @@ class Flat {
   uint32_t packed_;
 };
 
+template <class F>
+constexpr bool kIsUniform<Flat<F>> = true;
+
 template <class F, class R>
 constexpr bool kPaysInParts<Flat<F>, R> = R::kReadsTarget;
 

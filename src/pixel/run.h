@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #include "pixel/format.h"
 #include "pixel/instructions.h"
@@ -124,6 +125,32 @@ BRISAL_INLINE void CombineGroups(uint8_t *to, const uint8_t *from, ptrdiff_t n, 
   tail.Store(end);
 }
 
+// Whether a source gives the same group wherever it begins.
+template <class Source>
+constexpr bool kIsUniform = false;
+
+// Whether a run of n pixels is a long fill, which goes on behind its first group where no vector crosses
+// lines of the cache: that takes a tenth to a quarter less time. Rules that read the target gain nothing.
+template <class F, class R, class Source>
+BRISAL_INLINE bool IsLongFill(ptrdiff_t n) {
+  constexpr ptrdiff_t kLongBytes = 1024;
+  return kIsUniform<Source> && !R::kReadsTarget && n * F::kBytes >= kLongBytes;
+}
+
+template <class F, int VectorBytes, class R, class Source>
+BRISAL_INLINE void FillAligned(uint8_t *to, ptrdiff_t n, const R &rule, const Source &source) {
+  if constexpr (kIsUniform<Source>) {
+    source.template Start<VectorBytes>().Get().Store(to);
+    ptrdiff_t bytes = static_cast<ptrdiff_t>(-reinterpret_cast<uintptr_t>(to) % VectorBytes);
+    if constexpr (F::kBytes == 3) {
+      while (bytes % F::kBytes != 0) bytes += VectorBytes;
+    }
+    const ptrdiff_t pixels = bytes / F::kBytes;
+    to += pixels * F::kBytes;
+    CombineGroups<F, VectorBytes>(to, to, n - pixels, rule, source);
+  }
+}
+
 // Whether runs shorter than a group are fastest as one of which only the first bytes are loaded and
 // stored. The source must read no memory then.
 template <class Source, class R>
@@ -159,6 +186,7 @@ BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, con
     }
   }
   if constexpr (kIsLong) {
+    if (IsLongFill<F, R, Source>(n)) return FillAligned<F, VectorBytes>(to, n, rule, source);
     CombineGroups<F, VectorBytes>(to, from, n, rule, source);
   } else {
     CombineTwoGroups<F, VectorBytes>(to, from, n, rule, source);
@@ -173,6 +201,15 @@ BRISAL_INLINE void CombineBlock(uint8_t *row, ptrdiff_t pitch, ptrdiff_t n, ptrd
   const bool fits = n >= Group<F, VectorBytes>::kPixels;
   if constexpr (VectorBytes > 4) {
     if (!fits) return CombineBlock<F, VectorBytes / 2, false>(row, pitch, n, rows, rule, sourceOf);
+  }
+  if constexpr (kIsLong) {
+    using Source = std::remove_cvref_t<decltype(sourceOf(0))>;
+    if (IsLongFill<F, R, Source>(n)) {
+      for (ptrdiff_t y = 0; y < rows; ++y, row += pitch) {
+        FillAligned<F, VectorBytes>(row, n, rule, sourceOf(y));
+      }
+      return;
+    }
   }
   for (ptrdiff_t y = 0; y < rows; ++y, row += pitch) {
     if (!fits) {
