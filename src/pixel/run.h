@@ -140,7 +140,8 @@ BRISAL_INLINE bool IsLongFill(ptrdiff_t n) {
 template <class F, int VectorBytes, class R, class Source>
 BRISAL_INLINE void FillAligned(uint8_t *to, ptrdiff_t n, const R &rule, const Source &source) {
   if constexpr (kIsUniform<Source>) {
-    source.template Start<VectorBytes>().Get().Store(to);
+    const auto group = source.template Start<VectorBytes>().Get();
+    Group<F, VectorBytes>::Combine(rule, group, group).Store(to);
     ptrdiff_t bytes = static_cast<ptrdiff_t>(-reinterpret_cast<uintptr_t>(to) % VectorBytes);
     if constexpr (F::kBytes == 3) {
       while (bytes % F::kBytes != 0) bytes += VectorBytes;
