@@ -476,7 +476,9 @@ BRSL_API int32_t BRSL_CALL CPU_CheckMMX(void);
 
 /*
  * Returns the MMX switch: 1 when the wide instruction set may be used, 0 for the plain one. It
- * chooses speed only; every result is the same on both sides.
+ * chooses speed only; every result is the same on both sides. Of several wide sets the fastest one
+ * is taken, or the one that the environment's BRISAL_ISA names, if the processor runs it: plain,
+ * avx2, avx512 or gathering.
  */
 BRSL_API int32_t BRSL_CALL BRSL_GetMMXState(void);
 
