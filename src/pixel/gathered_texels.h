@@ -46,11 +46,11 @@ struct GatheredRows {
   using Places = GatheredPlaces<F, VectorBytes>;
 };
 
-template <class F>
+template <class F, int VectorBytes = 64>
 class GatheredTexels {
  public:
-  using Words = Vector<uint32_t, 64>;
-  static constexpr int kLanes = sizeof(Words) / 4;
+  using Words = Vector<uint32_t, VectorBytes>;
+  static constexpr int kLanes = VectorBytes / 4;
 
   BRISAL_INLINE explicit GatheredTexels(const TexelPath &path)
       : address_(path.address), places_(path) {
@@ -80,7 +80,7 @@ class GatheredTexels {
  private:
   const uint8_t *address_;
   Words beyond_;
-  GatheredPlaces<F, sizeof(Words)> places_;
+  GatheredPlaces<F, VectorBytes> places_;
 };
 
 // Calls take(i, texels, mask) for the texels from the i-th on that the mask has, up to n of them.
