@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Checks in the built library that the instruction sets stay in their columns.
 
-Functions of the wide and the widest column must use registers of their width, all others must not: a
-kernel that was not inlined into its wrapper runs slowly there, and a wide instruction anywhere else
-stops the library on processors without it.
+Functions of the wide and the widest column must use registers of their width, and those of the gathering
+one must gather; all others must use no wide registers. A kernel that was not inlined into its wrapper runs
+slowly there, and a wide instruction anywhere else stops the library on processors without it.
 """
 
 import argparse

@@ -15,7 +15,7 @@ digest_of() {
 program_in() { find "$root/build/$1" -name "$2" -type f -perm -u+x -print -quit; }
 
 # A processor with AVX-512 has run nothing yet of what others will run: all tests for those with AVX2, and
-# the digest for the two ways with texels. The tests take turns on two cores.
+# the digest for the two ways with texels. The tests run in two halves at once.
 test_other_sets() {
   local tests digest isa shard
   local -a running

@@ -7,8 +7,8 @@
 #include "pixel/instructions.h"
 #include "pixel/lanes.h"
 
-// Vectors whose lanes come from anywhere in memory, loaded one by one: no set has an instruction that is
-// faster.
+// Vectors whose lanes come from anywhere in memory, loaded one by one. On many processors the instructions
+// for it are no faster; pixel/gathered_texels.h is for the others.
 
 namespace brisal {
 

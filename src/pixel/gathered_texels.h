@@ -46,6 +46,7 @@ struct GatheredRows {
   using Places = GatheredPlaces<F, VectorBytes>;
 };
 
+// The next texels, and those of them that a mask has, read as they are stored.
 template <class F, int VectorBytes = 64>
 class GatheredTexels {
  public:
@@ -61,7 +62,6 @@ class GatheredTexels {
     }
   }
 
-  // Those that the mask has, as they are stored.
   BRISAL_INLINE Words Get(uint16_t mask) const {
     Words distances = places_.Get();
     Words words;
