@@ -784,6 +784,10 @@ BRSL_API void BRSL_CALL BRSL_WriteLine_32Bit(int32_t x1, int32_t y1, int32_t x2,
  * left or right side x is rounded towards zero instead. A polygon that is not convex stops at the
  * row where a chain of its edges turns upwards.
  *
+ * Which sides are left follows from the sign of (x1 - x0) * (y2 - y0) - (x2 - x0) * (y1 - y0), which
+ * wraps around at 32 bits: a polygon of which that is too large is taken to turn the other way, and may
+ * not be drawn. With coordinates outside -32768 .. 32767 the sign is exact.
+ *
  * The vertices of the last call stay in a list of eight slots (x, y, colour, u, v); a later call
  * that sets fewer of them finds the others as they were.
  */
@@ -1058,7 +1062,8 @@ BRSL_API void BRSL_CALL BRSL_FillRect_GreyScale(BRSL_SurfaceDesc *desc);
 /*
  * Lights desc from a point: with d the distance to (cx, cy) and level = (intensity - d * falloff) / 255
  * (by the single-precision 1/255), red, green and blue become min(byte * trunc(level * 65536) >> 16,
- * 255), alpha 0; 0 where level is not above 0.
+ * 255), alpha 0; 0 where level is not above 0. The square of d is a signed 32-bit number, which wraps
+ * around from 46341 pixels on; where it is below 0 there is no light.
  * intensity: 255 is full brightness at the centre. falloff: what it loses per pixel. reserved: not used.
  */
 BRSL_API void BRSL_CALL BRSL_FillRect_Light(BRSL_SurfaceDesc *desc, int32_t cx, int32_t cy,

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "core/ints.h"
 #include "hostlang/colours.h"
 #include "pixel/filter_kernels.h"
 #include "pixel/format.h"
@@ -30,13 +31,13 @@ uint32_t BlurFactor(float divisor, const uint8_t (&table)[kBlurEntries]) {
   return factor;
 }
 
-// A light's level at a pixel, 1 for an intensity of 255. Not above 0 where the light does not reach,
-// nor where intensity and falloff are no numbers.
+// A light's level at a pixel, 1 for an intensity of 255. Not above 0 where the light does not reach, nor
+// where intensity and falloff are no numbers, nor where the square of the distance wrapped below 0.
 double LevelAt(const Light &light, int32_t x, int32_t y) {
   constexpr float kStep = 1.0f / 255.0f;
-  const double dx = static_cast<double>(x) - light.x;
-  const double dy = static_cast<double>(y) - light.y;
-  const double distance = std::sqrt(dx * dx + dy * dy);
+  const uint32_t dx = static_cast<uint32_t>(x) - static_cast<uint32_t>(light.x);
+  const uint32_t dy = static_cast<uint32_t>(y) - static_cast<uint32_t>(light.y);
+  const double distance = std::sqrt(static_cast<double>(Wrap(dx * dx + dy * dy)));
   return (light.intensity - distance * light.falloff) * kStep;
 }
 

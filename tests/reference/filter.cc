@@ -32,8 +32,11 @@ int64_t Luminance(uint32_t colour) {
 
 // How strongly a light at (cx, cy) shines on (x, y), 1 being full brightness.
 long double LightAt(int64_t x, int64_t y, int64_t cx, int64_t cy, float intensity, float falloff) {
-  const auto squares = static_cast<long double>((x - cx) * (x - cx) + (y - cy) * (y - cy));
-  return (intensity - std::sqrt(squares) * falloff) * 0.0039215689f;
+  // Sums of 32 bits wrap around; without a root there is no light.
+  const auto low = [](int64_t n) { return static_cast<uint64_t>(n) & 0xFFFFFFFF; };
+  const auto squares = static_cast<int32_t>(low(x - cx) * low(x - cx) + low(y - cy) * low(y - cy));
+  if (squares < 0) return 0;
+  return (intensity - std::sqrt(static_cast<long double>(squares)) * falloff) * 0.0039215689f;
 }
 
 }  // namespace

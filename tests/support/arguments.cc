@@ -190,7 +190,7 @@ int32_t DrawingArgumentOf(Random &random, const SceneLayout &scene, const Call &
     case 'I': return Float(static_cast<float>(random.Between(-1000, 20000)) / 16);
     case 'O': return Float(static_cast<float>(random.Between(-300, 3000)) / 256);
     case 'H': return random.OneIn(6) ? Anything(random) : random.Between(-50, 450);
-    case 'C': return random.OneIn(9) ? random.Between(-30000, 30000) : random.Between(-20, 60);
+    case 'C': return random.OneIn(9) ? random.Between(-90000, 90000) : random.Between(-20, 60);
     case 'L': return random.OneIn(20) ? random.Pick({2, -1, 1110}) : random.Pick({0, 1, 1111});
     case 'Z': return random.OneIn(12);
     case '.': return MemoryArgumentOf(random, index);
