@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/ints.h"
+
 namespace brisal {
 namespace {
 
@@ -55,6 +57,10 @@ bool LeftRunsBackwards(const int32_t *xs, const int32_t *ys) {
   const int64_t ay = int64_t{ys[1]} - ys[0];
   const int64_t bx = int64_t{xs[2]} - xs[0];
   const int64_t by = int64_t{ys[2]} - ys[0];
+  const auto fits = [](int32_t n) { return n == static_cast<int16_t>(n); };
+  if (std::all_of(xs, xs + 3, fits) && std::all_of(ys, ys + 3, fits)) {
+    return Wrap(ax * by - bx * ay) > 0;
+  }
   // ax * by - bx * ay needs 67 bits: 16 bits of one factor at a time.
   const int64_t low = ax * (by & 0xFFFF) - bx * (ay & 0xFFFF);
   const int64_t high = ax * (by >> 16) - bx * (ay >> 16) + (low >> 16);

@@ -24,7 +24,8 @@ int FindFlatRunEnd(const int32_t *ys, int i, int32_t y, int n);
 // the one reached.
 int FindNextEdgeVertex(const int32_t *ys, int64_t y, int i, int step, int n);
 
-// Whether the ring's first three vertices turn so that its left side runs backwards.
+// Whether the ring's first three vertices turn so that its left side runs backwards. 32-bit arithmetic
+// decides, as programs expect, unless coordinates have more than 16 bits.
 bool LeftRunsBackwards(const int32_t *xs, const int32_t *ys);
 
 }  // namespace brisal

@@ -50,9 +50,18 @@ int NextOffRow(const Vertices &v, int i, int64_t y, int direction, int count) {
   return i;
 }
 
-// The exact sign of the cross product. Its products need more than 64 bits, so they are kept as
-// a multiple of 65536 and a rest.
+bool Has16Bits(const Vertex &v) {
+  return std::abs(v.x + 0.5) < 32768 && std::abs(v.y + 0.5) < 32768;
+}
+
+// The sign of the cross product in 32 bits; beyond coordinates of 16 bits the exact one. Its products
+// need more than 64 bits, so they are kept as a multiple of 65536 and a rest.
 bool TurnsClockwise(const Vertex &a, const Vertex &b, const Vertex &c) {
+  if (Has16Bits(a) && Has16Bits(b) && Has16Bits(c)) {
+    const uint32_t x0 = a.x, y0 = a.y, x1 = b.x, y1 = b.y, x2 = c.x, y2 = c.y;
+    const uint32_t cross = (x1 - x0) * (y2 - y0) - (x2 - x0) * (y1 - y0);
+    return cross != 0 && cross < 0x80000000;
+  }
   const int64_t abx = int64_t{b.x} - a.x, aby = int64_t{b.y} - a.y;
   const int64_t acx = int64_t{c.x} - a.x, acy = int64_t{c.y} - a.y;
   const int64_t rest = abx * (acy & 0xFFFF) - acx * (aby & 0xFFFF);
