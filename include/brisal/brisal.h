@@ -2304,12 +2304,9 @@ BRSL_API int32_t BRSL_CALL BRSL_CompareFilledToTexturedSpans(const BRSL_Collisio
 
 /*
  * Tells whether opaque pixels of two textured shapes, a and b, lie on the same place: rows common
- * to both but for the last of them, columns as in BRSL_CompareFilledToTexturedSpans, with an
- * exception: a row of a that begins further left than b's and ends no further right counts with its
- * whole width from b's left end on, so that a single common column does. Behind the common columns
- * both rows are read on along their lines, from the first texel of each image that u and v of its list
- * lead to as far as the last; what lies outside counts as the mask colour. Both images are read by the
- * format of a: formats 1 and 2 as 16-bit words, 4 and 5 as 32-bit words; with any other nothing touches.
+ * to both but for the last of them, columns as in BRSL_CompareFilledToTexturedSpans. Both images
+ * are read by the format of a: formats 1 and 2 as 16-bit words, 4 and 5 as 32-bit words; with any
+ * other nothing touches.
  * Returns 1 or 0. What the caller guarantees is as there, for both.
  */
 BRSL_API int32_t BRSL_CALL BRSL_CompareTexturedSpans(const BRSL_TexturedSpans *a,

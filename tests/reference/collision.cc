@@ -1,7 +1,5 @@
 // Whether lists of spans meet where their images are not transparent.
 #include <algorithm>
-#include <cstdint>
-#include <utility>
 
 #include "reference/records.h"
 #include "reference/reference.h"
@@ -28,31 +26,11 @@ struct Reader {
     dv = (int64_t{span.rightV} - span.leftV) / width;
   }
 
-  bool OpaqueAt(int64_t x) const { return image.Load(Column(x), Row(x)) != mask; }
-
-  int64_t Column(int64_t x) const { return (span.leftU + (x - span.left) * du) >> 16; }
-  int64_t Row(int64_t x) const { return (span.leftV + (x - span.left) * dv) >> 16; }
-  // In bytes from the image's start.
-  int64_t Place(int64_t x) const {
-    return Row(x) * image.pitch + Column(x) * BytesPerPixel(image.format);
+  bool OpaqueAt(int64_t x) const {
+    const int64_t i = x - span.left;
+    return image.Load((span.leftU + i * du) >> 16, (span.leftV + i * dv) >> 16) != mask;
   }
 };
-
-// The first and the last place that the corners of a list's rows lead to.
-std::pair<int64_t, int64_t> Reach(const BRSL_TexturedSpans &list, int32_t format) {
-  std::pair<int64_t, int64_t> reach = {INT64_MAX, INT64_MIN};
-  for (int64_t i = 0; i < int64_t{list.bottom} - list.top; i++) {
-    const auto span = Reader(list, i, format).span;
-    if (span.y != list.top + i) continue;
-    for (int64_t u : {span.leftU >> 16, span.rightU >> 16}) {
-      for (int64_t v : {span.leftV >> 16, span.rightV >> 16}) {
-        const int64_t place = v * list.pitch + u * BytesPerPixel(format);
-        reach = {std::min(reach.first, place), std::max(reach.second, place)};
-      }
-    }
-  }
-  return reach;
-}
 
 // The format whose pixels a comparison reads: 16 bits, three bytes or 32 bits.
 int32_t ReadAs(int32_t format) { return format == 1 || format == 2 || format == 3 ? format : 4; }
@@ -79,22 +57,13 @@ int32_t FilledMeetsTextured(const BRSL_CollisionSpans *filled, const BRSL_Textur
 int32_t TexturedMeetsTextured(const BRSL_TexturedSpans *a, const BRSL_TexturedSpans *b) {
   const int64_t top = std::max(a->top, b->top), bottom = std::min(a->bottom, b->bottom);
   if (a->format < 1 || a->format > 5 || a->format == 3) return 0;
-  const auto reachA = Reach(*a, a->format), reachB = Reach(*b, a->format);
   for (int64_t y = top; y < bottom - 1; y++) {
     const Reader ra(*a, y - a->top, a->format), rb(*b, y - b->top, a->format);
     if (ra.span.y != rb.span.y || ra.width < 1 || rb.width < 1) continue;
-    const auto [leftA, rightA] = std::pair{ra.span.left, ra.span.right};
-    const auto [leftB, rightB] = std::pair{rb.span.left, rb.span.right};
-    const int64_t from = std::max(leftA, leftB), common = std::min(rightA, rightB);
-    if (common <= from) continue;
-    const int64_t to = leftA > leftB || rightA > rightB ? common : from + ra.width;
+    const int64_t from = std::max(ra.span.left, rb.span.left);
+    const int64_t to = std::min(ra.span.right, rb.span.right);
     if (to - from < 2) continue;
-    const auto reached = [](auto reach, int64_t place) {
-      return reach.first <= place && place <= reach.second;
-    };
     for (int64_t x = from; x < to; x++) {
-      if (x >= common && !reached(reachA, ra.Place(x))) continue;
-      if (x >= common && !reached(reachB, rb.Place(x))) continue;
       if (ra.OpaqueAt(x) && rb.OpaqueAt(x)) return 1;
     }
   }
