@@ -28,7 +28,7 @@
  * Draw modes    DRAW_*. How a written channel s meets the target's channel d. Exactly one is given;
  *               any other value draws nothing. a is the ink alpha.
  *                 DRAW_NORMAL, DRAW_SOLID  s
- *                 DRAW_ALPHA   d + floor((s - d) * a / 256); a = 0 draws nothing, a = 255 draws s
+ *                 DRAW_ALPHA   d + floor((s - d) * a / 256); a = 0 draws nothing, a = 255 is DRAW_SOLID
  *                 DRAW_HALF    (d >> 1) + (s >> 1); in format 3 (d + s) >> 1
  *                 DRAW_ADD     min(d + s, channel maximum)
  *                 DRAW_SUB     max(d - s, 0)
@@ -1284,9 +1284,9 @@ BRSL_API void BRSL_CALL BRSL_DrawTexture(const BRSL_SurfaceDesc *texture, int32_
 
 /*
  * Draws the polygon that the first count slots of the vertex list hold as a sprite: as
- * BRSL_DrawTexturedPoly, but texel coordinates name texel centres, both ends of a row show exactly the
- * end texels, rows narrower than two pixels are left out, and where both sides end on one row at
- * different x that row is drawn too (and ends the polygon).
+ * BRSL_DrawTexturedPoly, but texel coordinates name texel centres, both ends of a row show the end
+ * texels (but for what du and dv lose by being whole), rows narrower than two pixels are left out, and
+ * where both sides end on one row at different x that row is drawn too (and ends the polygon).
  * texture, count, pipeline: as there.
  */
 BRSL_API void BRSL_CALL BRSL_DrawSpritePoly(const BRSL_SurfaceDesc *texture, int32_t count,
