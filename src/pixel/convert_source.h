@@ -59,6 +59,11 @@ class Converted {
  public:
   BRISAL_INLINE explicit Converted(const uint8_t *first) : first_(first) {}
 
+  // Where pixels become wider, most of the work is storing them.
+  BRISAL_INLINE Converted From(ptrdiff_t pixels) const requires(T::kBytes == 4) {
+    return Converted(first_ + pixels * S::kBytes);
+  }
+
   BRISAL_INLINE auto One(ptrdiff_t i) const {
     uint8_t stored[4];
     T::Store(stored, T::Pack(S::Widen(S::Load(first_ + i * S::kBytes))));

@@ -39,6 +39,7 @@ class Flat {
  public:
   BRISAL_INLINE explicit Flat(uint32_t packed) : packed_(packed) {}
 
+  BRISAL_INLINE Flat From(ptrdiff_t) const { return *this; }
   BRISAL_INLINE auto One(ptrdiff_t) const { return OneOf<F>(packed_); }
 
   template <int VectorBytes>
@@ -75,9 +76,6 @@ class Flat {
  private:
   uint32_t packed_;
 };
-
-template <class F>
-constexpr bool kIsUniform<Flat<F>> = true;
 
 template <class F, class R>
 constexpr bool kPaysInParts<Flat<F>, R> = R::kReadsTarget;

@@ -125,21 +125,22 @@ BRISAL_INLINE void CombineGroups(uint8_t *to, const uint8_t *from, ptrdiff_t n, 
   tail.Store(end);
 }
 
-// Whether a source gives the same group wherever it begins.
+// A source that can begin later pays for it where runs are long: they go on behind their first group where
+// no vector crosses lines of the cache. Rules that read the target gain nothing.
 template <class Source>
-constexpr bool kIsUniform = false;
+concept CanBeginLater = requires(const Source &source, ptrdiff_t pixels) {
+  source.From(pixels);
+};
 
-// Whether a run of n pixels is a long fill, which goes on behind its first group where no vector crosses
-// lines of the cache: that takes a tenth to a quarter less time. Rules that read the target gain nothing.
 template <class F, class R, class Source>
-BRISAL_INLINE bool IsLongFill(ptrdiff_t n) {
+BRISAL_INLINE bool IsAligned(ptrdiff_t n) {
   constexpr ptrdiff_t kLongBytes = 1024;
-  return kIsUniform<Source> && !R::kReadsTarget && n * F::kBytes >= kLongBytes;
+  return CanBeginLater<Source> && !R::kReadsTarget && n * F::kBytes >= kLongBytes;
 }
 
 template <class F, int VectorBytes, class R, class Source>
-BRISAL_INLINE void FillAligned(uint8_t *to, ptrdiff_t n, const R &rule, const Source &source) {
-  if constexpr (kIsUniform<Source>) {
+BRISAL_INLINE void CombineAligned(uint8_t *to, ptrdiff_t n, const R &rule, const Source &source) {
+  if constexpr (CanBeginLater<Source>) {
     const auto group = source.template Start<VectorBytes>().Get();
     Group<F, VectorBytes>::Combine(rule, group, group).Store(to);
     ptrdiff_t bytes = static_cast<ptrdiff_t>(-reinterpret_cast<uintptr_t>(to) % VectorBytes);
@@ -148,7 +149,7 @@ BRISAL_INLINE void FillAligned(uint8_t *to, ptrdiff_t n, const R &rule, const So
     }
     const ptrdiff_t pixels = bytes / F::kBytes;
     to += pixels * F::kBytes;
-    CombineGroups<F, VectorBytes>(to, to, n - pixels, rule, source);
+    CombineGroups<F, VectorBytes>(to, to, n - pixels, rule, source.From(pixels));
   }
 }
 
@@ -187,7 +188,7 @@ BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, con
     }
   }
   if constexpr (kIsLong) {
-    if (IsLongFill<F, R, Source>(n)) return FillAligned<F, VectorBytes>(to, n, rule, source);
+    if (IsAligned<F, R, Source>(n)) return CombineAligned<F, VectorBytes>(to, n, rule, source);
     CombineGroups<F, VectorBytes>(to, from, n, rule, source);
   } else {
     CombineTwoGroups<F, VectorBytes>(to, from, n, rule, source);
@@ -205,9 +206,9 @@ BRISAL_INLINE void CombineBlock(uint8_t *row, ptrdiff_t pitch, ptrdiff_t n, ptrd
   }
   if constexpr (kIsLong) {
     using Source = std::remove_cvref_t<decltype(sourceOf(0))>;
-    if (IsLongFill<F, R, Source>(n)) {
+    if (IsAligned<F, R, Source>(n)) {
       for (ptrdiff_t y = 0; y < rows; ++y, row += pitch) {
-        FillAligned<F, VectorBytes>(row, n, rule, sourceOf(y));
+        CombineAligned<F, VectorBytes>(row, n, rule, sourceOf(y));
       }
       return;
     }
