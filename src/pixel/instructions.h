@@ -23,6 +23,12 @@ BRISAL_INLINE void Permute(const V &words, const V &from, V &permuted) {
   for (size_t i = 0; i < sizeof(V) / 4; ++i) permuted[i] = words[from[i] % (sizeof(V) / 4)];
 }
 
+// The bytes of a table that `from` numbers.
+template <class V>
+BRISAL_INLINE void PermuteBytes(const V &table, const V &from, V &permuted) {
+  for (size_t i = 0; i < sizeof(V); ++i) permuted[i] = table[from[i] % sizeof(V)];
+}
+
 template <class V>
 BRISAL_INLINE void MultiplyHigh(const V &a, const V &b, V &high) {
   using Lane = std::remove_cvref_t<decltype(a[0])>;
@@ -84,7 +90,8 @@ BRISAL_INSTRUCTIONS(BRISAL_AVX2, 32, __m256i, _mm256)
 #if BRISAL_HAS_AVX512
 BRISAL_INSTRUCTIONS(BRISAL_AVX512, 64, __m512i, _mm512)
 // In 16-bit lanes, the sum of the two bytes of a, without sign, times those of b, with theirs.
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyAddBytes, uint16_t, uint32_t, _mm512_maddubs_epi16)
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyAddBytes, uint16_t, uint32_t,
+                   _mm512_maddubs_epi16)
 #endif
 
 #undef BRISAL_INSTRUCTIONS
@@ -113,6 +120,12 @@ template <class Half, class V>
 // The bits that the mask has, next to each other.
 [[gnu::target(BRISAL_AVX512)]] inline uint64_t ExtractBits(uint64_t bits, uint64_t mask) {
   return _pext_u64(bits, mask);
+}
+
+[[gnu::target(BRISAL_AVX512)]] inline void PermuteBytes(const Vector<uint8_t, 64> &table,
+                                                        const Vector<uint8_t, 64> &from,
+                                                        Vector<uint8_t, 64> &permuted) {
+  permuted = (Vector<uint8_t, 64>)_mm512_permutexvar_epi8((__m512i)from, (__m512i)table);
 }
 
 // The words at distances from p, in bytes. Nothing is read, and the lane is 0, where the mask has no bit.

@@ -1,5 +1,6 @@
 #include "pixel/span_kernels.h"
 
+#include "pixel/channel_tables.h"
 #include "pixel/column.h"
 #include "pixel/flat_source.h"
 #include "pixel/run.h"
@@ -16,14 +17,18 @@ struct FlatSpans : FlatWidth<F, R> {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const FlatSpan *spans, ptrdiff_t count, uint8_t *row,
                                 ptrdiff_t pitch, uint32_t packed, uint32_t alpha) {
-    const R rule(alpha);
+    if (count < 1) return;
     const Flat<F> source(packed);
-    for (const FlatSpan *const end = spans + count; spans < end; ++spans, row += pitch) {
-      if (spans->left >= spans->right) continue;
-      const ptrdiff_t n = Length(*spans);
-      uint8_t *const first = row + ptrdiff_t{spans->left} * F::kBytes;
-      CombineRun<F, VectorBytes>(first, first, n, rule, source);
-    }
+    const int64_t pixels = count * int64_t{Length(spans[count / 2])};
+    const auto draw = [=](const auto &rule) __attribute__((always_inline)) {
+      uint8_t *start = row;
+      for (const FlatSpan *span = spans; span < spans + count; ++span, start += pitch) {
+        if (span->left >= span->right) continue;
+        uint8_t *const first = start + ptrdiff_t{span->left} * F::kBytes;
+        CombineRun<F, VectorBytes>(first, first, Length(*span), rule, source);
+      }
+    };
+    WithTables<F, VectorBytes>(R(alpha), packed, pixels, draw);
   }
 };
 
@@ -31,16 +36,20 @@ template <class F, class R>
 struct Trapezoids : FlatWidth<F, R> {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Trapezoid &given, uint32_t packed, uint32_t alpha) {
-    Trapezoid t = given;
-    const R rule(alpha);
     const Flat<F> source(packed);
-    for (; t.rows > 0; --t.rows, t.row += t.pitch, t.left += t.leftStep, t.right += t.rightStep) {
-      const int64_t left = t.left >> 16;
-      const int64_t n = (t.right >> 16) - left;
-      if (n <= 0) continue;
-      uint8_t *const first = t.row + left * F::kBytes;
-      CombineRun<F, VectorBytes>(first, first, static_cast<ptrdiff_t>(n), rule, source);
-    }
+    const int64_t half = given.rows / 2;
+    const int64_t width = given.right - given.left + half * (given.rightStep - given.leftStep);
+    const auto draw = [&](const auto &rule) __attribute__((always_inline)) {
+      Trapezoid t = given;
+      for (; t.rows > 0; --t.rows, t.row += t.pitch, t.left += t.leftStep, t.right += t.rightStep) {
+        const int64_t left = t.left >> 16;
+        const int64_t n = (t.right >> 16) - left;
+        if (n <= 0) continue;
+        uint8_t *const first = t.row + left * F::kBytes;
+        CombineRun<F, VectorBytes>(first, first, static_cast<ptrdiff_t>(n), rule, source);
+      }
+    };
+    WithTables<F, VectorBytes>(R(alpha), packed, given.rows * (width >> 16), draw);
   }
 };
 
@@ -50,11 +59,13 @@ struct Block : FlatWidth<F, R> {
   BRISAL_INLINE static void Run(uint8_t *first, ptrdiff_t pitch, ptrdiff_t width, ptrdiff_t rows,
                                 uint32_t packed, uint32_t alpha) {
     const Flat<F> source(packed);
-    CombineBlock<F, VectorBytes>(
-        first, pitch, width, rows,
-        R(alpha), [&](ptrdiff_t) __attribute__((always_inline))->const Flat<F> & {
-          return source;
-        });
+    const auto sourceOf = [&](ptrdiff_t) __attribute__((always_inline))->const Flat<F> & {
+      return source;
+    };
+    const auto draw = [&](const auto &rule) __attribute__((always_inline)) {
+      CombineBlock<F, VectorBytes>(first, pitch, width, rows, rule, sourceOf);
+    };
+    WithTables<F, VectorBytes>(R(alpha), packed, int64_t{width} * rows, draw);
   }
 };
 
