@@ -32,8 +32,26 @@ int32_t FindMaskRow(const TexelPath &given, ptrdiff_t n, int32_t rows) {
   return row;
 }
 
+// What the target gets of a stored texel: bit 15 of 5:5:5 belongs to no channel.
+template <class F>
+constexpr uint32_t kShownBits = std::is_same_v<F, Rgb555> ? 0x7FFF : 0xFFFFFFFF;
+
+// Pixels without what is not shown of them.
+template <class F>
+struct Shown {
+  static constexpr bool kReadsTarget = false;
+  explicit Shown(uint32_t) {}
+
+  template <class V>
+  BRISAL_INLINE V operator()(V, V s) const {
+    return s & static_cast<typename F::Lane>(kShownBits<F>);
+  }
+};
+
 template <class F, bool Keyed>
 struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
+  static constexpr bool kShowsAll = kShownBits<F> == 0xFFFFFFFF;
+
   // The loop over the spans is there for each kind of rows: short spans feel every branch.
   template <int VectorBytes, bool Gathers = false>
   BRISAL_INLINE static void Run(const TexelPath &texture, const Span *spans, int64_t count,
@@ -92,7 +110,7 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
 
   template <int VectorBytes>
   BRISAL_INLINE static bool CopyVectors(const TexelPath &path, int n, uint8_t *pixels) {
-    if constexpr (!Keyed) return LoadVectors<F, VectorBytes>(path, n, pixels);
+    if constexpr (!Keyed && kShowsAll) return LoadVectors<F, VectorBytes>(path, n, pixels);
     uint8_t stored[kPiece * F::kBytes];
     if (!LoadVectors<F, VectorBytes>(path, n, stored)) return false;
     Combine<VectorBytes>(path, n, pixels, Pixels<F>(stored));
@@ -114,7 +132,9 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
     ForEachGathered<F>(
         path, n, [=](ptrdiff_t i, auto texels, uint16_t mask) __attribute__((always_inline)) {
           if constexpr (Keyed) mask &= UnequalWords(texels, Splat<decltype(texels)>(key));
-          if constexpr (F::kBytes == 2) return StoreHalves(pixels + i * 2, mask, texels);
+          if constexpr (F::kBytes == 2) {
+            return StoreHalves(pixels + i * 2, mask, texels & kShownBits<F>);
+          }
           StoreWords(pixels + i * 4, mask, texels);
         });
   }
@@ -136,7 +156,7 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
   template <int VectorBytes, class Source>
   BRISAL_INLINE static void Combine(const TexelPath &path, ptrdiff_t n, uint8_t *pixels,
                                     const Source &source) {
-    const std::conditional_t<Keyed, UnlessKey<F>, Solid<F>> rule(path.storedKey);
+    const std::conditional_t<Keyed, UnlessKey<F, kShownBits<F>>, Shown<F>> rule(path.storedKey);
     CombineRun<F, VectorBytes>(pixels, pixels, n, rule, source);
   }
 };

@@ -11,8 +11,8 @@
 
 namespace brisal {
 
-// Leaves out the pixels that are the key. Words are compared whole.
-template <class F>
+// Leaves out the pixels that are the key. Words are compared whole; `Kept` are the bits that others keep.
+template <class F, uint32_t Kept = 0xFFFFFFFF>
 struct UnlessKey {
   static constexpr bool kReadsTarget = true;
   using Word = std::conditional_t<F::kBytes == 2, uint16_t, uint32_t>;
@@ -21,7 +21,7 @@ struct UnlessKey {
   template <class V>
   BRISAL_INLINE V operator()(V d, V s) const {
     const auto shown = As<Word>(s);
-    return (V)(shown == key ? As<Word>(d) : shown);
+    return (V)(shown == key ? As<Word>(d) : shown & static_cast<Word>(Kept));
   }
 
   Word key;

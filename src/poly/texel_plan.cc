@@ -60,9 +60,7 @@ TexelPlan::TexelPlan(const Surface &texture, const Pipeline &pipeline, int32_t t
   const bool direct = alike && texture.format == BRSL_FORMAT_X32 && pipeline.outputEffect == 1 &&
                       pipeline.filterFlag == 0;
   cutsMask = direct ? keepsTarget : pipeline.maskCompression == 1;
-  // Texels of 5:5:5 lose a bit on the way.
-  copiesStored = direct || (alike && texture.format != BRSL_FORMAT_555 &&
-                            output == Output::kPlain && !usesShades);
+  copiesStored = direct || (alike && output == Output::kPlain && !usesShades);
 }
 
 }  // namespace brisal

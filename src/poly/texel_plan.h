@@ -21,7 +21,8 @@ struct TexelPlan {
   bool cutsMask;      // texels of the mask colour are cut out
   bool keepsTarget;   // where they are
   bool usesShades;    // Gouraud colours are made, or read
-  bool copiesStored;  // texels reach the target as they are stored, and leave nothing behind
+  bool copiesStored;  // texels reach the target as they are stored, all channels of them, and leave
+                      // nothing behind
 };
 
 }  // namespace brisal

@@ -165,8 +165,10 @@ bool CopyTexture(const Canvas &canvas, const Surface &texture, const Viewport &p
                  int64_t y, const Pipeline &pipeline) {
   if (!Draws(canvas, texture, pipeline)) return true;
   const TexelPlan plan(texture, pipeline, canvas.target.format);
-  if (plan.copiesStored) CopyStoredBlock(canvas, plan, part, x, y);
-  return plan.copiesStored;
+  // Blocks would keep bit 15 of 5:5:5.
+  if (!plan.copiesStored || texture.format == BRSL_FORMAT_555) return false;
+  CopyStoredBlock(canvas, plan, part, x, y);
+  return true;
 }
 
 }  // namespace brisal
