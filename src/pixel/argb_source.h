@@ -21,6 +21,13 @@ struct ColourAlpha {
   V alpha;
 };
 
+// Colours in halves: alpha above red, green above blue.
+template <class V>
+struct ColourHalves {
+  V alphaRed;
+  V greenBlue;
+};
+
 // A source for 16-bit formats.
 template <class T>
 class ArgbTo16 {
@@ -36,8 +43,10 @@ class ArgbTo16 {
 
   template <int VectorBytes>
   struct Cursor {
+    static constexpr bool kIsWide = VectorBytes >= 32;
+    using V = Vector<uint16_t, VectorBytes>;
     struct Parts {
-      ColourAlpha<Vector<uint16_t, VectorBytes>> part[1];
+      std::conditional_t<kIsWide, ColourHalves<V>, ColourAlpha<V>> part[1];
     };
 
     BRISAL_INLINE Parts Get() const { return Ahead(0); }
@@ -45,9 +54,13 @@ class ArgbTo16 {
     BRISAL_INLINE Parts Ahead(ptrdiff_t pixels) const {
       using W = Vector<uint32_t, VectorBytes>;
       constexpr int kShift = 32 - T::kAlphaBits;
-      const W a = LoadVector<W>(at + 4 * pixels);
-      const W b = LoadVector<W>(at + 4 * pixels + VectorBytes);
-      return {{{CutWords(T::Pack(a), T::Pack(b)), CutWords(a >> kShift, b >> kShift)}}};
+      const W a = Held(LoadVector<W>(at + 4 * pixels));
+      const W b = Held(LoadVector<W>(at + 4 * pixels + VectorBytes));
+      if constexpr (kIsWide) {
+        return {{{HighWords(a, b), CutWords(a, b)}}};
+      } else {
+        return {{{CutWords(T::Pack(a), T::Pack(b)), CutWords(a >> kShift, b >> kShift)}}};
+      }
     }
 
     BRISAL_INLINE void Advance() { at += 2 * VectorBytes; }
@@ -64,7 +77,7 @@ class ArgbTo16 {
   const uint8_t *first_;
 };
 
-// Blends ColourAlpha into 16-bit pixels.
+// Blends colours into 16-bit pixels by their alpha.
 template <class T>
 struct Over16 {
   static constexpr bool kReadsTarget = true;
@@ -85,6 +98,40 @@ struct Over16 {
                       Channel<typename T::Blue>(d, s.colour, s.alpha);
     const V shown = s.alpha == (1 << kBits) - 1 ? s.colour : blended;
     return s.alpha == 0 ? d : shown;
+  }
+
+  // The same by sums of two products for each channel, in bytes from their tops on.
+  template <class V>
+  BRISAL_INLINE V operator()(V d, const ColourHalves<V> &s) const {
+    using Red = typename T::Red;
+    using Green = typename T::Green;
+    using Blue = typename T::Blue;
+    d = Held(d);
+    const V alpha = s.alphaRed >> (16 - kBits);
+    const V weight = alpha == (1 << kBits) - 1 ? alpha + 1 : alpha;
+    const V weights = weight * 255 + (1 << kBits);  // the rest of one, and the weight above it
+    const V redPairs = (s.alphaRed << 8 | d >> (Red::kShift + Red::kBits - 8)) & kPairs<Red>;
+    const V green = (d >> (Green::kShift + Green::kBits - 8)) & 0xFF;
+    const V greenPairs = ((s.greenBlue & 0xFF00) | green) & kPairs<Green>;
+    const V bluePairs = s.greenBlue << 8 | ((d << (8 - Blue::kBits)) & 0xFF);
+    const V blended = Sum<Red>(redPairs, weights) | Sum<Green>(greenPairs, weights) |
+                      Sum<Blue>(bluePairs & kPairs<Blue>, weights);
+    return alpha == 0 ? d : blended;
+  }
+
+ private:
+  // The bits of a channel at the top of both bytes.
+  template <class C>
+  static constexpr uint16_t kPairs = 0x0101 * (0xFF00 >> C::kBits & 0xFF);
+
+  template <class C, class V>
+  BRISAL_INLINE static V Sum(V pairs, V weights) {
+    constexpr int kDown = kBits + 8 - C::kBits - C::kShift;
+    V sums;
+    MultiplyAddBytes(pairs, weights, sums);
+    if constexpr (C::kShift == 0) return sums >> kDown;
+    if constexpr (kDown > 0) return (sums >> kDown) & C::kMask;
+    return (sums << -kDown) & C::kMask;
   }
 };
 
@@ -129,10 +176,10 @@ struct Over32 {
     const auto weights = (As<uint16_t>(alphas) ^ 0xFF) + 1;  // 256 - alpha, and alpha above it
     const auto target = As<uint16_t>(d ^ 0x80808080u);
     const auto source = As<uint16_t>(s ^ 0x80808080u);
-    W even, odd;
+    std::remove_const_t<decltype(target)> even, odd;
     MultiplyAddBytes(weights, (target & 0xFF) | source << 8, even);
     MultiplyAddBytes(weights, target >> 8 | (source & 0xFF00), odd);
-    return (As<uint32_t>(As<uint16_t>(even) >> 8) | (odd & 0xFF00u)) ^ 0x808080u;
+    return (As<uint32_t>(even >> 8) | (As<uint32_t>(odd) & 0xFF00u)) ^ 0x808080u;
   }
 
   // Each word's top byte in all of its bytes.

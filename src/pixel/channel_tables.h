@@ -63,7 +63,7 @@ class Tabled {
   }
 
   BRISAL_INLINE static void Join(Pixels first, Pixels second, Bytes &table) {
-    table = EvenLanes(As<uint8_t>(first), As<uint8_t>(second), std::make_index_sequence<64>{});
+    table = EveryOther<0>(As<uint8_t>(first), As<uint8_t>(second), std::make_index_sequence<64>{});
   }
 
   R rule_;

@@ -11,15 +11,23 @@
 
 namespace brisal {
 
-// The even ones of the 16-bit lanes of two vectors, that is, words cut to 16 bits.
-template <class V, size_t... I>
-BRISAL_INLINE V EvenLanes(V a, V b, std::index_sequence<I...>) {
-  return __builtin_shufflevector(a, b, (2 * I)...);
+// Every other lane of two vectors, from the first on or from the second.
+template <int First, class V, size_t... I>
+BRISAL_INLINE V EveryOther(V a, V b, std::index_sequence<I...>) {
+  return __builtin_shufflevector(a, b, (2 * I + First)...);
+}
+
+// Words cut to their low halves, and to their high ones.
+template <class W>
+BRISAL_INLINE auto CutWords(W a, W b) {
+  constexpr auto kLanes = std::make_index_sequence<sizeof(W) / 2>{};
+  return EveryOther<0>(As<uint16_t>(a), As<uint16_t>(b), kLanes);
 }
 
 template <class W>
-BRISAL_INLINE auto CutWords(W a, W b) {
-  return EvenLanes(As<uint16_t>(a), As<uint16_t>(b), std::make_index_sequence<sizeof(W) / 2>{});
+BRISAL_INLINE auto HighWords(W a, W b) {
+  constexpr auto kLanes = std::make_index_sequence<sizeof(W) / 2>{};
+  return EveryOther<1>(As<uint16_t>(a), As<uint16_t>(b), kLanes);
 }
 
 // As many pixels as V has words, widened to colours.

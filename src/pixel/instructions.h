@@ -89,8 +89,13 @@ BRISAL_INSTRUCTIONS("sse2", 16, __m128i, _mm)
 BRISAL_INSTRUCTIONS(BRISAL_AVX2, 32, __m256i, _mm256)
 #if BRISAL_HAS_AVX512
 BRISAL_INSTRUCTIONS(BRISAL_AVX512, 64, __m512i, _mm512)
+#endif
+
 // In 16-bit lanes, the sum of the two bytes of a, without sign, times those of b, with theirs.
-BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyAddBytes, uint16_t, uint32_t,
+BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyAddBytes, uint16_t, uint16_t,
+                   _mm256_maddubs_epi16)
+#if BRISAL_HAS_AVX512
+BRISAL_INSTRUCTION(BRISAL_AVX512, 64, __m512i, MultiplyAddBytes, uint16_t, uint16_t,
                    _mm512_maddubs_epi16)
 #endif
 
