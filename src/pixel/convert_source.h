@@ -68,7 +68,7 @@ class Converted {
   BRISAL_INLINE explicit Converted(const uint8_t *first) : first_(first) {}
 
   // Where pixels become wider, most of the work is storing them.
-  BRISAL_INLINE Converted From(ptrdiff_t pixels) const requires(T::kBytes == 4) {
+  BRISAL_INLINE Converted Behind(ptrdiff_t pixels) const requires(T::kBytes == 4) {
     return Converted(first_ + pixels * S::kBytes);
   }
 

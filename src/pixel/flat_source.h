@@ -39,7 +39,7 @@ class Flat {
  public:
   BRISAL_INLINE explicit Flat(uint32_t packed) : packed_(packed) {}
 
-  BRISAL_INLINE Flat From(ptrdiff_t) const { return *this; }
+  BRISAL_INLINE Flat Behind(ptrdiff_t) const { return *this; }
   BRISAL_INLINE auto One(ptrdiff_t) const { return OneOf<F>(packed_); }
 
   template <int VectorBytes>

@@ -129,7 +129,7 @@ BRISAL_INLINE void CombineGroups(uint8_t *to, const uint8_t *from, ptrdiff_t n, 
 // no vector crosses lines of the cache. Rules that read the target gain nothing.
 template <class Source>
 concept CanBeginLater = requires(const Source &source, ptrdiff_t pixels) {
-  source.From(pixels);
+  source.Behind(pixels);
 };
 
 template <class F, class R, class Source>
@@ -149,7 +149,7 @@ BRISAL_INLINE void CombineAligned(uint8_t *to, ptrdiff_t n, const R &rule, const
     }
     const ptrdiff_t pixels = bytes / F::kBytes;
     to += pixels * F::kBytes;
-    CombineGroups<F, VectorBytes>(to, to, n - pixels, rule, source.From(pixels));
+    CombineGroups<F, VectorBytes>(to, to, n - pixels, rule, source.Behind(pixels));
   }
 }
 
