@@ -57,11 +57,12 @@ bool LeftRunsBackwards(const int32_t *xs, const int32_t *ys) {
   const int64_t ay = int64_t{ys[1]} - ys[0];
   const int64_t bx = int64_t{xs[2]} - xs[0];
   const int64_t by = int64_t{ys[2]} - ys[0];
-  uint32_t beyond = 0;  // bits above the low 16 of what is at least 0 within them
+  // With 32768 added, what fits 16 bits is below 65536.
+  uint32_t raised = 0;
   for (int i = 0; i < 3; ++i) {
-    beyond |= (static_cast<uint32_t>(xs[i]) + 0x8000) | (static_cast<uint32_t>(ys[i]) + 0x8000);
+    raised |= (static_cast<uint32_t>(xs[i]) + 0x8000) | (static_cast<uint32_t>(ys[i]) + 0x8000);
   }
-  if (beyond <= 0xFFFF) return Wrap(ax * by - bx * ay) > 0;
+  if (raised < 65536) return Wrap(ax * by - bx * ay) > 0;
   // ax * by - bx * ay needs 67 bits: 16 bits of one factor at a time.
   const int64_t low = ax * (by & 0xFFFF) - bx * (ay & 0xFFFF);
   const int64_t high = ax * (by >> 16) - bx * (ay >> 16) + (low >> 16);
