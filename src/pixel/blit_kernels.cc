@@ -35,7 +35,7 @@ struct BlitRows : UpTo64Bytes {
       const uint8_t *from = transfer.from + ByteOffset(row, transfer.fromPitch);
       for (ptrdiff_t i = 0; i < transfer.width; ++i) {
         const uint32_t s = S::Load(from + i * S::kBytes);
-        const uint32_t d = R::kReadsTarget ? T::Load(to + i * T::kBytes) : 0;
+        const uint32_t d = T::Load(to + i * T::kBytes);
         T::Store(to + i * T::kBytes, R::Combine(d, s, key));
       }
     }

@@ -18,18 +18,9 @@ BRISAL_INLINE uint32_t Convert(uint32_t s) {
   return T::Pack(S::Widen(s));
 }
 
-template <class T, class S>
-struct CopyPixel {
-  static constexpr bool kReadsTarget = false;
-
-  BRISAL_INLINE static uint32_t Combine(uint32_t, uint32_t s, uint32_t) { return Convert<T, S>(s); }
-};
-
 // Leaves out the pixels whose stored source value is the key.
 template <class T, class S>
 struct CopyUnlessKey {
-  static constexpr bool kReadsTarget = true;
-
   BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t key) {
     return s == key ? d : Convert<T, S>(s);
   }
@@ -38,8 +29,6 @@ struct CopyUnlessKey {
 // Leaves out the pixels whose converted value is the key.
 template <class T, class S>
 struct CopyUnlessConvertedKey {
-  static constexpr bool kReadsTarget = true;
-
   BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t key) {
     const uint32_t converted = Convert<T, S>(s);
     return converted == key ? d : converted;
@@ -56,7 +45,6 @@ BRISAL_INLINE uint32_t BlendField(uint32_t d, uint32_t s, uint32_t a, uint32_t m
 // Blends a source into 24 bits by its own alpha.
 template <class T>
 struct BlendAlpha {
-  static constexpr bool kReadsTarget = true;
   static constexpr uint32_t kOpaque = 254;
 
   BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t) {
