@@ -19,6 +19,7 @@ struct FlatSpans : FlatWidth<F, R> {
                                 ptrdiff_t pitch, uint32_t packed, uint32_t alpha) {
     if (count < 1) return;
     const Flat<F> source(packed);
+    // About as many as if all rows were the middle one.
     const int64_t pixels = count * int64_t{Length(spans[count / 2])};
     const auto draw = [=](const auto &rule) __attribute__((always_inline)) {
       uint8_t *start = row;
@@ -38,6 +39,7 @@ struct Trapezoids : FlatWidth<F, R> {
   BRISAL_INLINE static void Run(const Trapezoid &given, uint32_t packed, uint32_t alpha) {
     const Flat<F> source(packed);
     const int64_t half = given.rows / 2;
+    // Of the middle row, in 16.16.
     const int64_t width = given.right - given.left + half * (given.rightStep - given.leftStep);
     const auto draw = [&](const auto &rule) __attribute__((always_inline)) {
       Trapezoid t = given;
