@@ -82,24 +82,28 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
       uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
       if constexpr (F::kBytes == 3) {
         CopyTriples<VectorBytes>(path, n, pixels);
-      } else if (path.dv == 0) {
-        CopyAlongRow<VectorBytes, Rows>(path, n, pixels);
       } else {
-        CopyTexels<VectorBytes>(Rows{}, path, n, pixels);
+        const ptrdiff_t copied = path.dv == 0 ? CopyAlongRow<VectorBytes>(path, n, pixels) : 0;
+        if (copied == n) continue;
+        CopyTexels<VectorBytes>(Rows{}, From(path, copied), n - copied,
+                                pixels + copied * F::kBytes);
       }
     }
   }
 
-  // Texels along a row of the texture that cannot be copied or permuted as vectors are read one by one.
-  template <int VectorBytes, class Rows>
-  BRISAL_INLINE static void CopyAlongRow(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
-    if (IsStraight(path)) return CopyStraight<VectorBytes>(path, n, pixels);
-    TexelPath rest = path;
-    for (; n > 0; n -= kPiece, pixels += kPiece * F::kBytes, rest = From(rest, kPiece)) {
-      const int piece = static_cast<int>(n < kPiece ? n : kPiece);
-      if (CopyVectors<VectorBytes>(rest, piece, pixels)) continue;
-      CopyTexels<VectorBytes>(Rows{}, rest, piece, pixels);
+  // Copies texels along a row of the texture as vectors, as far as they can be. Returns how many it has.
+  template <int VectorBytes>
+  BRISAL_INLINE static ptrdiff_t CopyAlongRow(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
+    if (IsStraight(path)) {
+      CopyStraight<VectorBytes>(path, n, pixels);
+      return n;
     }
+    if (!MayLoadVectors<F, VectorBytes>(path, n)) return 0;
+    for (ptrdiff_t i = 0; i < n; i += kPiece) {
+      const int piece = static_cast<int>(n - i < kPiece ? n - i : kPiece);
+      if (!CopyVectors<VectorBytes>(From(path, i), piece, pixels + i * F::kBytes)) return i;
+    }
+    return n;
   }
 
   template <int VectorBytes>

@@ -15,10 +15,14 @@
 
 namespace brisal {
 
-// Whether the path runs along a row of the texture, texel by texel.
-BRISAL_INLINE bool IsStraight(const TexelPath &path) {
-  return path.du == kOneTexel && path.dv == 0;
+// Whether the path runs along a row of the texture by such steps. One comparison: of two, GCC makes one of
+// a longer word, which it puts together in memory and waits for.
+BRISAL_INLINE bool StepsBy(const TexelPath &path, uint32_t du) {
+  return ((path.du ^ du) | path.dv) == 0;
 }
+
+// Whether it runs texel by texel.
+BRISAL_INLINE bool IsStraight(const TexelPath &path) { return StepsBy(path, kOneTexel); }
 
 template <class F, class Places, class Take>
 BRISAL_INLINE void ForEachPlace(const TexelPath &path, ptrdiff_t n, Take take) {
@@ -75,10 +79,12 @@ BRISAL_INLINE void ForEachStretch(const TexelPath &path, int n, Take take) {
   }
 }
 
-// Copies a stretched row of words, where the set can permute them. False where it has not.
-template <int VectorBytes>
+// Where rows of texels are stretched by permuting words.
+template <class F, int VectorBytes>
+constexpr bool kPermutes = F::kBytes == 4 && VectorBytes >= 32;
+
+// Copies a stretched row of words. False where it is not one.
 BRISAL_INLINE bool CopiesStretched(const TexelPath &path, int n, uint8_t *to) {
-  if constexpr (VectorBytes < 32) return false;
   if (!IsStretched(path, n)) return false;
   const uint8_t *row = path.address + Whole(path.v) * path.pitch;
   ForEachStretch(
@@ -92,11 +98,17 @@ BRISAL_INLINE bool CopiesStretched(const TexelPath &path, int n, uint8_t *to) {
   return true;
 }
 
-// Copies a row that shows every texel twice. False where it does not.
+// Whether the path shows every texel of a row twice.
+constexpr uint32_t kHalfTexel = kOneTexel / 2;
+
+BRISAL_INLINE bool IsDoubled(const TexelPath &path) {
+  return StepsBy(path, kHalfTexel) && path.u % kHalfTexel == 0;
+}
+
+// Copies a doubled row. False where it is not one.
 template <class F, int VectorBytes>
 BRISAL_INLINE bool CopiesDoubled(const TexelPath &path, int n, uint8_t *to) {
-  constexpr uint32_t kHalf = kOneTexel / 2;
-  if (path.dv != 0 || path.du != kHalf || path.u % kHalf != 0) return false;
+  if (!IsDoubled(path)) return false;
   const uint8_t *from = TexelAt<F>(path, Whole(path.u), Whole(path.v));
   if (path.u % kOneTexel != 0 && n > 0) {
     F::Store(to, F::Load(from));
@@ -125,8 +137,14 @@ BRISAL_INLINE bool CopiesDoubled(const TexelPath &path, int n, uint8_t *to) {
 template <class F, int VectorBytes>
 BRISAL_INLINE bool LoadVectors(const TexelPath &path, int n, uint8_t *to) {
   if (CopiesDoubled<F, VectorBytes>(path, n, to)) return true;
-  if constexpr (F::kBytes == 4) return CopiesStretched<VectorBytes>(path, n, to);
+  if constexpr (kPermutes<F, VectorBytes>) return CopiesStretched(path, n, to);
   return false;
+}
+
+// False where no piece of the path can be loaded so.
+template <class F, int VectorBytes>
+BRISAL_INLINE bool MayLoadVectors(const TexelPath &path, ptrdiff_t n) {
+  return IsDoubled(path) || (kPermutes<F, VectorBytes> && IsStretched(path, static_cast<int>(n)));
 }
 
 template <class F>
