@@ -48,16 +48,17 @@ struct Shown {
   }
 };
 
-template <class F, bool Keyed>
+template <class F, MaskTexels Mask>
 struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
+  static constexpr bool kKeyed = Mask == MaskTexels::kLeftOut;
   static constexpr bool kShowsAll = kShownBits<F> == 0xFFFFFFFF;
 
   // The loop over the spans is there for each kind of rows: short spans feel every branch.
   template <int VectorBytes, bool Gathers = false>
   BRISAL_INLINE static void Run(const TexelPath &texture, const Span *spans, int64_t count,
-                                const Buffer &target, bool skipsMask) {
+                                const Buffer &target) {
     const auto copy = [&](auto rows) __attribute__((always_inline)) {
-      CopyAll<VectorBytes, decltype(rows)>(texture, spans, count, target, skipsMask);
+      CopyAll<VectorBytes, decltype(rows)>(texture, spans, count, target);
     };
     if constexpr (Gathers) {
       if (GatheredRows::Hold<F>(texture)) return copy(GatheredRows{});
@@ -69,7 +70,7 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
 
   template <int VectorBytes, class Rows>
   BRISAL_INLINE static void CopyAll(const TexelPath &texture, const Span *spans, int64_t count,
-                                    const Buffer &target, bool skipsMask) {
+                                    const Buffer &target) {
     TexelPath path = texture;
     for (const Span *span = spans; span < spans + count; ++span) {
       const ptrdiff_t n = Length(*span);
@@ -78,7 +79,7 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
       path.v = static_cast<uint32_t>(span->v);
       path.du = static_cast<uint32_t>(span->du);
       path.dv = static_cast<uint32_t>(span->dv);
-      if (skipsMask && AreMask<F>(path, n)) continue;
+      if (Mask == MaskTexels::kCopiedAmongOthers && AreMask<F>(path, n)) continue;
       uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
       if constexpr (F::kBytes == 3) {
         CopyTriples<VectorBytes>(path, n, pixels);
@@ -114,7 +115,7 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
 
   template <int VectorBytes>
   BRISAL_INLINE static bool CopyVectors(const TexelPath &path, int n, uint8_t *pixels) {
-    if constexpr (!Keyed && kShowsAll) return LoadVectors<F, VectorBytes>(path, n, pixels);
+    if constexpr (!kKeyed && kShowsAll) return LoadVectors<F, VectorBytes>(path, n, pixels);
     uint8_t stored[kPiece * F::kBytes];
     if (!LoadVectors<F, VectorBytes>(path, n, stored)) return false;
     Combine<VectorBytes>(path, n, pixels, Pixels<F>(stored));
@@ -135,7 +136,7 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
     const uint32_t key = path.storedKey;
     ForEachGathered<F>(
         path, n, [=](ptrdiff_t i, auto texels, uint16_t mask) __attribute__((always_inline)) {
-          if constexpr (Keyed) mask &= UnequalWords(texels, Splat<decltype(texels)>(key));
+          if constexpr (kKeyed) mask &= UnequalWords(texels, Splat<decltype(texels)>(key));
           if constexpr (F::kBytes == 2) {
             return StoreHalves(pixels + i * 2, mask, texels & kShownBits<F>);
           }
@@ -146,39 +147,42 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
   // Pixels of three bytes, of which the key is not looked for in vectors.
   template <int VectorBytes>
   BRISAL_INLINE static void CopyTriples(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
-    if constexpr (!Keyed) {
+    if constexpr (!kKeyed) {
       if (IsStraight(path)) return CopyStraight<VectorBytes>(path, n, pixels);
     }
     const uint32_t key = path.storedKey;
     ForEachTexel<F, VectorBytes>(
         path, n, [=](ptrdiff_t i, const uint8_t *texel) __attribute__((always_inline)) {
           const uint32_t stored = F::Load(texel);
-          if (!Keyed || stored != key) F::Store(pixels + i * F::kBytes, stored);
+          if (!kKeyed || stored != key) F::Store(pixels + i * F::kBytes, stored);
         });
   }
 
   template <int VectorBytes, class Source>
   BRISAL_INLINE static void Combine(const TexelPath &path, ptrdiff_t n, uint8_t *pixels,
                                     const Source &source) {
-    const std::conditional_t<Keyed, UnlessKey<F, kShownBits<F>>, Shown<F>> rule(path.storedKey);
+    const std::conditional_t<kKeyed, UnlessKey<F, kShownBits<F>>, Shown<F>> rule(path.storedKey);
     CombineRun<F, VectorBytes>(pixels, pixels, n, rule, source);
   }
 };
 
-using Copies = Kernels<const TexelPath &, const Span *, int64_t, const Buffer &, bool>;
+using Copies = Kernels<const TexelPath &, const Span *, int64_t, const Buffer &>;
 
-template <bool Keyed, class... F>
+template <MaskTexels Mask, class... F>
 constexpr auto CopyRow(TypeList<F...>) {
-  return std::array{Copies::Of<CopySpans<typename FoldAlpha<F, Solid>::type, Keyed>>()...};
+  return std::array{Copies::Of<CopySpans<typename FoldAlpha<F, Solid>::type, Mask>>()...};
 }
 
-constexpr std::array kCopyKernels = {CopyRow<false>(Formats{}), CopyRow<true>(Formats{})};
+// [what becomes of the mask colour][format code - 1]
+constexpr std::array kCopyKernels = {CopyRow<MaskTexels::kCopied>(Formats{}),
+                                     CopyRow<MaskTexels::kCopiedAmongOthers>(Formats{}),
+                                     CopyRow<MaskTexels::kLeftOut>(Formats{})};
 
 }  // namespace
 
-CopyKernel FindCopyKernel(Isa isa, int32_t format, bool keyed) {
+CopyKernel FindCopyKernel(Isa isa, int32_t format, MaskTexels mask) {
   if (!IsFormat(format)) return nullptr;
-  return kCopyKernels[keyed][static_cast<size_t>(format - 1)].For(isa);
+  return kCopyKernels[static_cast<size_t>(mask)][static_cast<size_t>(format - 1)].For(isa);
 }
 
 MaskKernel FindMaskKernel(int32_t format) {

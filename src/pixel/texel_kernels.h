@@ -43,12 +43,14 @@ struct TexelPath {
 using FetchKernel = void (*)(const TexelPath *path, int n, uint32_t *texels, TexelRuns *runs);
 FetchKernel FindFetchKernel(Isa isa, int32_t format, bool filtered, bool compressed);
 
-// Copies the texels of spans to a target of the texture's format, as they are stored; keyed, without
-// those that are the mask colour. Where it skips masks, spans of nothing but mask colour are left
-// alone.
+// What becomes of texels that are the mask colour: they are copied as all others are, or only in spans
+// that have others, or not.
+enum class MaskTexels { kCopied, kCopiedAmongOthers, kLeftOut };
+
+// Copies the texels of spans to a target of the texture's format, as they are stored.
 using CopyKernel = void (*)(const TexelPath &texture, const Span *spans, int64_t count,
-                            const Buffer &target, bool skipsMask);
-CopyKernel FindCopyKernel(Isa isa, int32_t format, bool keyed);
+                            const Buffer &target);
+CopyKernel FindCopyKernel(Isa isa, int32_t format, MaskTexels mask);
 
 // How many rows there are above the first one, of `rows`, whose n texels are all the mask colour; each
 // row's path begins a texel below the one before it.

@@ -7,7 +7,10 @@ namespace brisal {
 namespace {
 
 // Where gaps are filled, it is with what the texels there are anyway.
-bool IsKeyed(const TexelPlan &plan) { return plan.cutsMask && plan.keepsTarget; }
+MaskTexels MaskOf(const TexelPlan &plan) {
+  if (!plan.cutsMask) return MaskTexels::kCopied;
+  return plan.keepsTarget ? MaskTexels::kLeftOut : MaskTexels::kCopiedAmongOthers;
+}
 
 void CopyRows(const Canvas &canvas, const TexelPlan &plan, const Viewport &part, int64_t x,
               int64_t y) {
@@ -20,16 +23,16 @@ void CopyRows(const Canvas &canvas, const TexelPlan &plan, const Viewport &part,
       plan.path.pitch,
       ptrdiff_t{part.right} - part.left,
       int64_t{part.bottom} - part.top};
-  FindBlitKernel(canvas.isa, target.format, target.format, IsKeyed(plan))(transfer,
-                                                                          plan.path.storedKey);
+  const bool keyed = MaskOf(plan) == MaskTexels::kLeftOut;
+  FindBlitKernel(canvas.isa, target.format, target.format, keyed)(transfer, plan.path.storedKey);
 }
 
 }  // namespace
 
 void CopyStoredSpans(const Canvas &canvas, const TexelPlan &plan, const Span *spans,
                      int64_t count) {
-  FindCopyKernel(canvas.isa, canvas.target.format, IsKeyed(plan))(plan.path, spans, count,
-                                                                  canvas.target, plan.FillsGaps());
+  FindCopyKernel(canvas.isa, canvas.target.format, MaskOf(plan))(plan.path, spans, count,
+                                                                 canvas.target);
 }
 
 void CopyStoredBlock(const Canvas &canvas, const TexelPlan &plan, const Viewport &part, int64_t x,

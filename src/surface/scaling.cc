@@ -74,7 +74,7 @@ class ViewSampler {
         xStep_(xStep),
         yStep_(yStep),
         fetch_(FindFetchKernel(isa, source.format, false, false)),
-        copy_(FindCopyKernel(isa, source.format, false)) {
+        copy_(FindCopyKernel(isa, source.format, MaskTexels::kCopied)) {
     path_.address = static_cast<const uint8_t *>(source.address);
     path_.pitch = source.pitch;
     path_.du = static_cast<uint32_t>(xStep);
@@ -94,7 +94,7 @@ class ViewSampler {
     span.v = static_cast<int32_t>(y * yStep_);
     span.du = static_cast<int32_t>(xStep_);
     span.dv = 0;
-    copy_(path_, &span, 1, buffer, false);
+    copy_(path_, &span, 1, buffer);
     return true;
   }
 
