@@ -36,15 +36,21 @@ using FetchColumns = GathersTexelsIf<F::kBytes == 2 || (F::kBytes == 4 && !Filte
 
 template <class F, bool Filtered, bool Compressed>
 struct Fetch : FetchColumns<F, Filtered> {
+  // What is stored is the texel itself.
+  static constexpr bool kIsColour = F::kBytes == 4 && !Filtered;
+
   template <int VectorBytes, bool Gathers = false>
   BRISAL_INLINE static void Run(const TexelPath *given, int n, uint32_t *texels, TexelRuns *runs) {
     const TexelPath path = *given;
-    uint32_t stored[kPiece];
+    uint32_t own[kPiece];
+    uint32_t *const stored = kIsColour ? texels : own;
     if constexpr (Filtered) {
       TexelFilter<F, Compressed, Gathers, VectorBytes>(path).Run(n, texels, stored);
     } else {
       LoadStored<F, VectorBytes, Gathers>(path, n, stored);
-      for (int i = 0; i < n; ++i) texels[i] = F::Widen(stored[i]);
+      if constexpr (!kIsColour) {
+        for (int i = 0; i < n; ++i) texels[i] = F::Widen(stored[i]);
+      }
     }
     if constexpr (Compressed) return FindRuns(n, stored, path.storedKey, runs);
     runs->run[0] = {0, n};

@@ -38,8 +38,8 @@ struct TexelPath {
   uint32_t texelKey;
 };
 
-// Reads n texels, 0xAARRGGBB. Runs are those of the texels that are not the mask colour, or the whole
-// piece where the sampling does not look for it.
+// Reads n texels, 0xAARRGGBB, to where there is room for a multiple of 16. Runs are those of the texels
+// that are not the mask colour, or the whole piece where the sampling does not look for it.
 using FetchKernel = void (*)(const TexelPath *path, int n, uint32_t *texels, TexelRuns *runs);
 FetchKernel FindFetchKernel(Isa isa, int32_t format, bool filtered, bool compressed);
 

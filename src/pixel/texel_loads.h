@@ -147,16 +147,16 @@ BRISAL_INLINE bool MayLoadVectors(const TexelPath &path, ptrdiff_t n) {
   return IsDoubled(path) || (kPermutes<F, VectorBytes> && IsStretched(path, static_cast<int>(n)));
 }
 
+// What a processor stores under a mask it cannot load again before it is in the cache: whole vectors.
 template <class F>
 BRISAL_INLINE void LoadGathered(const TexelPath &path, int n, uint32_t *stored) {
-  uint8_t *const to = reinterpret_cast<uint8_t *>(stored);
   ForEachGathered<F>(
-      path, n, [to](ptrdiff_t i, auto texels, uint16_t mask) __attribute__((always_inline)) {
-        StoreWords(to + i * 4, mask, texels);
+      path, n, [stored](ptrdiff_t i, auto texels, uint16_t) __attribute__((always_inline)) {
+        StoreVector(reinterpret_cast<uint8_t *>(stored + i), texels);
       });
 }
 
-// Loads n texels as they are stored.
+// Loads n texels as they are stored. There is room for a multiple of sixteen.
 template <class F, int VectorBytes, bool Gathers = false>
 BRISAL_INLINE void LoadStored(const TexelPath &path, int n, uint32_t *stored) {
   if (IsStraight(path)) {
