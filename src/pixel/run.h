@@ -189,10 +189,11 @@ BRISAL_INLINE void CombineRun(uint8_t *to, const uint8_t *from, ptrdiff_t n, con
   }
   if constexpr (kIsLong) {
     if (IsAligned<F, R, Source>(n)) return CombineAligned<F, VectorBytes>(to, n, rule, source);
-    CombineGroups<F, VectorBytes>(to, from, n, rule, source);
-  } else {
-    CombineTwoGroups<F, VectorBytes>(to, from, n, rule, source);
   }
+  // What reads the target is not worth working out twice.
+  const bool isOne = R::kReadsTarget && n == Group<F, VectorBytes>::kPixels;
+  if (kIsLong || isOne) return CombineGroups<F, VectorBytes>(to, from, n, rule, source);
+  CombineTwoGroups<F, VectorBytes>(to, from, n, rule, source);
 }
 
 // A run on each of some rows, with the source that sourceOf(row number) gives. What to do with the
