@@ -10,7 +10,7 @@
 #include "pixel/rules.h"
 #include "pixel/run.h"
 
-// Pixels of format 5 as a source for targets of fewer bits, and the blending by their alpha.
+// Colours with alpha as a source for targets of fewer bits, and the blending by their alpha.
 
 namespace brisal {
 
@@ -28,39 +28,30 @@ struct ColourHalves {
   V greenBlue;
 };
 
-// A source for 16-bit formats.
-template <class T>
-class ArgbTo16 {
+// A source of colours in halves.
+class ArgbHalves {
  public:
-  BRISAL_INLINE explicit ArgbTo16(const uint8_t *first) : first_(first) {}
+  BRISAL_INLINE explicit ArgbHalves(const uint8_t *first) : first_(first) {}
 
   BRISAL_INLINE auto One(ptrdiff_t i) const {
     using V = Vector<uint16_t, 2>;
     const uint32_t s = Argb32::Load(first_ + 4 * i);
-    return ColourAlpha<V>{V{static_cast<uint16_t>(T::Pack(s))},
-                          V{static_cast<uint16_t>(s >> (32 - T::kAlphaBits))}};
+    return ColourHalves<V>{V{static_cast<uint16_t>(s >> 16)}, V{static_cast<uint16_t>(s)}};
   }
 
   template <int VectorBytes>
   struct Cursor {
-    static constexpr bool kIsWide = VectorBytes >= 32;
-    using V = Vector<uint16_t, VectorBytes>;
     struct Parts {
-      std::conditional_t<kIsWide, ColourHalves<V>, ColourAlpha<V>> part[1];
+      ColourHalves<Vector<uint16_t, VectorBytes>> part[1];
     };
 
     BRISAL_INLINE Parts Get() const { return Ahead(0); }
 
     BRISAL_INLINE Parts Ahead(ptrdiff_t pixels) const {
       using W = Vector<uint32_t, VectorBytes>;
-      constexpr int kShift = 32 - T::kAlphaBits;
       const W a = Held(LoadVector<W>(at + 4 * pixels));
       const W b = Held(LoadVector<W>(at + 4 * pixels + VectorBytes));
-      if constexpr (kIsWide) {
-        return {{{HighWords(a, b), CutWords(a, b)}}};
-      } else {
-        return {{{CutWords(T::Pack(a), T::Pack(b)), CutWords(a >> kShift, b >> kShift)}}};
-      }
+      return {{{HighWords(a, b), CutWords(a, b)}}};
     }
 
     BRISAL_INLINE void Advance() { at += 2 * VectorBytes; }
@@ -77,11 +68,101 @@ class ArgbTo16 {
   const uint8_t *first_;
 };
 
+// A source for 16-bit formats, whose colours come packed where vectors are short.
+template <class T>
+class ArgbTo16 {
+ public:
+  BRISAL_INLINE explicit ArgbTo16(const uint8_t *first) : first_(first) {}
+
+  BRISAL_INLINE auto One(ptrdiff_t i) const {
+    using V = Vector<uint16_t, 2>;
+    const uint32_t s = Argb32::Load(first_ + 4 * i);
+    return ColourAlpha<V>{V{static_cast<uint16_t>(T::Pack(s))},
+                          V{static_cast<uint16_t>(s >> (32 - T::kAlphaBits))}};
+  }
+
+  template <int VectorBytes>
+  struct PackedCursor {
+    struct Parts {
+      ColourAlpha<Vector<uint16_t, VectorBytes>> part[1];
+    };
+
+    BRISAL_INLINE Parts Get() const { return Ahead(0); }
+
+    BRISAL_INLINE Parts Ahead(ptrdiff_t pixels) const {
+      using W = Vector<uint32_t, VectorBytes>;
+      constexpr int kShift = 32 - T::kAlphaBits;
+      const W a = Held(LoadVector<W>(at + 4 * pixels));
+      const W b = Held(LoadVector<W>(at + 4 * pixels + VectorBytes));
+      return {{{CutWords(T::Pack(a), T::Pack(b)), CutWords(a >> kShift, b >> kShift)}}};
+    }
+
+    BRISAL_INLINE void Advance() { at += 2 * VectorBytes; }
+
+    const uint8_t *at;
+  };
+
+  template <int VectorBytes>
+  BRISAL_INLINE auto Start() const {
+    if constexpr (VectorBytes >= 32) {
+      return ArgbHalves::Cursor<VectorBytes>{first_};
+    } else {
+      return PackedCursor<VectorBytes>{first_};
+    }
+  }
+
+ private:
+  const uint8_t *first_;
+};
+
+// Blends colours in halves into 16-bit pixels by the top bits of their alpha, of which the values from
+// kOpaque on are full. A channel is the sum of two products, in bytes from their tops on. kTexels are not cut
+// to the target's bits before.
+template <class T, int kBits, int kOpaque, bool kTexels>
+struct OverHalves {
+  static constexpr bool kReadsTarget = true;
+
+  template <class V>
+  BRISAL_INLINE V operator()(V d, const ColourHalves<V> &s) const {
+    using Red = typename T::Red;
+    using Green = typename T::Green;
+    using Blue = typename T::Blue;
+    d = Held(d);
+    const V alpha = s.alphaRed >> (16 - kBits);
+    const V weight = alpha >= kOpaque ? Splat<V>(static_cast<uint16_t>(1 << kBits)) : alpha;
+    const V weights = weight * 255 + (1 << kBits);  // the rest of one, and the weight above it
+    const V red = (d >> (Red::kShift + Red::kBits - 8)) & 0xFF;
+    const V green = (d >> (Green::kShift + Green::kBits - 8)) & 0xFF;
+    const V blue = (d << (8 - Blue::kBits)) & 0xFF;
+    const V redPairs = (s.alphaRed << 8 | red) & kPairs<Red>;
+    const V greenPairs = ((s.greenBlue & 0xFF00) | green) & kPairs<Green>;
+    const V bluePairs = (s.greenBlue << 8 | blue) & kPairs<Blue>;
+    const V blended = Sum<Red>(redPairs, weights) | Sum<Green>(greenPairs, weights) |
+                      Sum<Blue>(bluePairs, weights);
+    return alpha == 0 ? d : blended;
+  }
+
+ private:
+  // The bits of a channel at the top of both bytes.
+  template <class C>
+  static constexpr uint16_t kPairs = 0x0101 * (0xFF00 >> C::kBits & 0xFF) | (kTexels ? 0xFF00 : 0);
+
+  template <class C, class V>
+  BRISAL_INLINE static V Sum(V pairs, V weights) {
+    constexpr int kDown = kBits + 8 - C::kBits - C::kShift;
+    V sums;
+    MultiplyAddBytes(pairs, weights, sums);
+    if constexpr (C::kShift == 0) return sums >> kDown;
+    if constexpr (kDown > 0) return (sums >> kDown) & C::kMask;
+    return (sums << -kDown) & C::kMask;
+  }
+};
+
 // Blends colours into 16-bit pixels by their alpha.
 template <class T>
-struct Over16 {
-  static constexpr bool kReadsTarget = true;
+struct Over16 : OverHalves<T, T::kAlphaBits, (1 << T::kAlphaBits) - 1, false> {
   static constexpr int kBits = T::kAlphaBits;
+  using OverHalves<T, kBits, (1 << kBits) - 1, false>::operator();
 
   template <class C, class V>
   BRISAL_INLINE static V Channel(V d, V s, V a) {
@@ -99,43 +180,10 @@ struct Over16 {
     const V shown = s.alpha == (1 << kBits) - 1 ? s.colour : blended;
     return s.alpha == 0 ? d : shown;
   }
-
-  // The same by sums of two products for each channel, in bytes from their tops on.
-  template <class V>
-  BRISAL_INLINE V operator()(V d, const ColourHalves<V> &s) const {
-    using Red = typename T::Red;
-    using Green = typename T::Green;
-    using Blue = typename T::Blue;
-    d = Held(d);
-    const V alpha = s.alphaRed >> (16 - kBits);
-    const V weight = alpha == (1 << kBits) - 1 ? alpha + 1 : alpha;
-    const V weights = weight * 255 + (1 << kBits);  // the rest of one, and the weight above it
-    const V redPairs = (s.alphaRed << 8 | d >> (Red::kShift + Red::kBits - 8)) & kPairs<Red>;
-    const V green = (d >> (Green::kShift + Green::kBits - 8)) & 0xFF;
-    const V greenPairs = ((s.greenBlue & 0xFF00) | green) & kPairs<Green>;
-    const V bluePairs = s.greenBlue << 8 | ((d << (8 - Blue::kBits)) & 0xFF);
-    const V blended = Sum<Red>(redPairs, weights) | Sum<Green>(greenPairs, weights) |
-                      Sum<Blue>(bluePairs & kPairs<Blue>, weights);
-    return alpha == 0 ? d : blended;
-  }
-
- private:
-  // The bits of a channel at the top of both bytes.
-  template <class C>
-  static constexpr uint16_t kPairs = 0x0101 * (0xFF00 >> C::kBits & 0xFF);
-
-  template <class C, class V>
-  BRISAL_INLINE static V Sum(V pairs, V weights) {
-    constexpr int kDown = kBits + 8 - C::kBits - C::kShift;
-    V sums;
-    MultiplyAddBytes(pairs, weights, sums);
-    if constexpr (C::kShift == 0) return sums >> kDown;
-    if constexpr (kDown > 0) return (sums >> kDown) & C::kMask;
-    return (sums << -kDown) & C::kMask;
-  }
 };
 
-// Blends 32-bit pixels by the source's alpha, 254 and more being opaque, and leaves out a key.
+// Blends 32-bit pixels by the source's alpha, which is opaque from kOpaque on, and leaves out a key.
+template <uint32_t kOpaque>
 struct Over32 {
   static constexpr bool kReadsTarget = true;
   explicit Over32(uint32_t maskColour) : key(maskColour) {}
@@ -154,7 +202,7 @@ struct Over32 {
     // Without alpha all of the pixel stays, its top byte too.
     const auto kept = alpha == 0 ? Splat<Words>(0xFFFFFFFFu) : Splat<Words>(0xFFFFFFu);
     const auto blended = As<uint32_t>(HighBytes(d, s, op)) & kept;
-    const auto shown = As<int32_t>(alpha) > 253 ? ss : blended;
+    const auto shown = As<int32_t>(alpha) >= static_cast<int32_t>(kOpaque) ? ss : blended;
     return As<uint8_t>(ss == key ? dd : shown);
   }
 
@@ -162,7 +210,7 @@ struct Over32 {
   // The same in fewer instructions, which narrower vectors do not have all of.
   template <class W>
   BRISAL_INLINE W ByPairs(W d, W s) const {
-    const W shown = s >= 0xFE000000u ? s : BlendPairs(d, s);
+    const W shown = s >= kOpaque << 24 ? s : BlendPairs(d, s);
     // Held, or GCC would join both comparisons lane by lane.
     const W unlessKey = Held(s == key ? d : shown);
     return s < 0x1000000u ? d : unlessKey;

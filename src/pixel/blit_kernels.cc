@@ -171,9 +171,9 @@ BlitKernel PickOver(Isa isa) {
   if constexpr (T::kBytes == 2) {
     return Blits::Of<CombineRows<T, Argb32, ArgbTo16<T>, Over16<T>>>().For(isa);
   } else if constexpr (T::kBytes == 4) {
-    return Blits::Of<CombineRows<T, Argb32, Pixels<Argb32>, Over32>>().For(isa);
+    return Blits::Of<CombineRows<T, Argb32, Pixels<Argb32>, Over32<254>>>().For(isa);
   } else {
-    return Pick<T, Argb32, BlendAlpha<T>>(isa);
+    return Pick<T, Argb32, BlendAlpha<T, 254>>(isa);
   }
 }
 

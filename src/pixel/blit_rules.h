@@ -42,11 +42,9 @@ BRISAL_INLINE uint32_t BlendField(uint32_t d, uint32_t s, uint32_t a, uint32_t m
   return (((d & mask) * (one - a) + (s & mask) * a) >> Bits) & mask;
 }
 
-// Blends a source into 24 bits by its own alpha.
-template <class T>
+// Blends a source into 24 bits by its own alpha, which is opaque from kOpaque on.
+template <class T, uint32_t kOpaque>
 struct BlendAlpha {
-  static constexpr uint32_t kOpaque = 254;
-
   BRISAL_INLINE static uint32_t Combine(uint32_t d, uint32_t s, uint32_t) {
     const uint32_t a = s >> 24;
     const uint32_t blended = BlendField<8>(d, s, a, 0xFF00FF) | BlendField<8>(d, s, a, 0xFF00);

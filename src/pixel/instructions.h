@@ -45,6 +45,13 @@ BRISAL_INLINE void MultiplyAdd(const V &a, const V &b, W &sums) {
   sums = As<uint32_t>(low(a) * low(b) + high(a) * high(b));
 }
 
+// In 16-bit lanes, the sum of the two bytes of a, without sign, times those of b, with theirs.
+template <class V>
+BRISAL_INLINE void MultiplyAddBytes(const V &a, const V &b, V &sums) {
+  const auto signs = As<int16_t>(b);
+  sums = (a & 0xFF) * As<uint16_t>((signs << 8) >> 8) + (a >> 8) * As<uint16_t>(signs >> 8);
+}
+
 // Sums of unsigned lanes that stop at the largest, and differences that stop at 0.
 template <class V>
 BRISAL_INLINE void AddSaturated(const V &a, const V &b, V &sum) {
@@ -91,7 +98,6 @@ BRISAL_INSTRUCTIONS(BRISAL_AVX2, 32, __m256i, _mm256)
 BRISAL_INSTRUCTIONS(BRISAL_AVX512, 64, __m512i, _mm512)
 #endif
 
-// In 16-bit lanes, the sum of the two bytes of a, without sign, times those of b, with theirs.
 BRISAL_INSTRUCTION(BRISAL_AVX2, 32, __m256i, MultiplyAddBytes, uint16_t, uint16_t,
                    _mm256_maddubs_epi16)
 #if BRISAL_HAS_AVX512

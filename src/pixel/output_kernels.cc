@@ -1,3 +1,4 @@
+#include "pixel/argb_source.h"
 #include "pixel/blit_rules.h"
 #include "pixel/column.h"
 #include "pixel/convert_source.h"
@@ -24,10 +25,10 @@ struct HalfTexel<Rgb24> : Reading<Rgb24> {
   }
 };
 
-// The runs' texels, in the target's storage, meet the target by a rule.
-template <class F, class R>
+// The runs' texels, in the target's storage unless the rule has a use for all of them, meet the target.
+template <class F, class R, class Texels = Converted<F, Xrgb32>>
 struct CombineRuns {
-  using Source = std::conditional_t<F::kBytes == 4, Pixels<F>, Converted<F, Xrgb32>>;
+  using Source = std::conditional_t<F::kBytes == 4, Pixels<F>, Texels>;
 
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const uint32_t *texels, const TexelRuns *runs, uint8_t *pixels,
@@ -42,30 +43,30 @@ struct CombineRuns {
   }
 };
 
-// A texel over the target's pixel by the texel's own alpha.
+// Texels over the target's pixels by their own alpha.
 template <class F>
-BRISAL_INLINE uint32_t Over(uint32_t d, uint32_t t) {
-  constexpr int kBits = F::kBytes == 2 ? 5 : 8;
-  constexpr uint32_t kOpaque = F::kBytes == 2 ? 29 : 253;
-  const uint32_t a = t >> (32 - kBits);
-  const uint32_t wide = F::Widen(d);
-  const uint32_t mixed =
-      BlendField<kBits>(wide, t, a, 0xFF00FF) | BlendField<kBits>(wide, t, a, 0xFF00);
-  const uint32_t shown = a >= kOpaque ? t : mixed;
-  return a == 0 ? d : F::Pack(shown);
-}
+struct OwnAlpha : OverHalves<F, 5, 29, true> {
+  explicit OwnAlpha(uint32_t) {}
+};
+
+// A key of 0 has no alpha anyway.
+template <>
+struct OwnAlpha<Xrgb32> : Over32<253> {
+  explicit OwnAlpha(uint32_t) : Over32(0) {}
+};
 
 template <class F>
-struct OverRuns {
+struct OverRuns : CombineRuns<F, OwnAlpha<F>, ArgbHalves>, UpTo64Bytes {};
+
+struct OverTriples {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const uint32_t *texels, const TexelRuns *runs, uint8_t *pixels,
                                 uint32_t) {
     for (int r = 0; r < runs->count; ++r) {
       const TexelRun run = runs->run[r];
-      uint8_t *to = pixels + run.start * F::kBytes;
-      for (int i = 0; i < run.length; ++i) {
-        uint8_t *p = to + i * F::kBytes;
-        F::Store(p, Over<F>(F::Load(p), texels[run.start + i]));
+      for (int i = run.start; i < run.start + run.length; ++i) {
+        uint8_t *p = pixels + i * Rgb24::kBytes;
+        Rgb24::Store(p, BlendAlpha<Rgb24, 253>::Combine(Rgb24::Load(p), texels[i], 0));
       }
     }
   }
@@ -89,9 +90,18 @@ using OutputTable =
 constexpr auto kOutputs =
     OutputTable::Of<CombineRuns>(RuleList<Solid, Alpha, HalfTexel, Add, Sub>{});
 
+template <class F>
+constexpr Outputs OverOf() {
+  if constexpr (F::kBytes == 3) {
+    return Outputs::Of<OverTriples>();
+  } else {
+    return Outputs::Of<OverRuns<std::conditional_t<F::kBytes == 4, Xrgb32, F>>>();
+  }
+}
+
 template <class... F>
 constexpr auto OverRow(TypeList<F...>) {
-  return std::array{Outputs::Of<OverRuns<std::conditional_t<F::kBytes == 4, Xrgb32, F>>>()...};
+  return std::array{OverOf<F>()...};
 }
 
 constexpr auto kOver = OverRow(Formats{});
