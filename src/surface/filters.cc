@@ -41,6 +41,29 @@ double LevelAt(const Light &light, int32_t x, int32_t y) {
   return (light.intensity - distance * light.falloff) * kStep;
 }
 
+// Copies colours within both viewports, and black where the source shows nothing.
+void CopyShown(Isa isa, const Surface &source, const Surface &destination) {
+  const Viewport view = ViewportOf(source);
+  const int32_t left = std::max(destination.viewLeft, 0);
+  const int32_t right = std::min(destination.viewRight, destination.width);
+  const int32_t bottom = std::min(destination.viewBottom, destination.height);
+  uint32_t colours[kRowPiece];
+  for (int32_t y = std::max(destination.viewTop, 0); y < bottom; ++y) {
+    for (int64_t x = left; x < right; x += kRowPiece) {
+      const int64_t end = std::min<int64_t>(x + kRowPiece, right);
+      std::fill_n(colours, end - x, 0);
+      const int64_t first = std::max<int64_t>(x, view.left);
+      const int64_t last = std::min<int64_t>(end, view.right);
+      if (first < last && view.ContainsRow(y) && IsFormat(source.format)) {
+        ReadRow(isa, BufferOf(source), static_cast<int32_t>(first), y, last - first,
+                colours + (first - x));
+      }
+      for (int64_t i = 0; i < end - x; ++i) colours[i] &= 0xFFFFFF;
+      WriteRow(isa, BufferOf(destination), static_cast<int32_t>(x), y, end - x, colours);
+    }
+  }
+}
+
 }  // namespace
 
 void Blur(Isa isa, const Surface &surface, float divisor) {
@@ -124,17 +147,7 @@ void PaintLight(Isa isa, const Surface &surface, const Light &light, uint32_t co
 }
 
 void PrepareEffectSurface(Isa isa, const Surface &source, const Surface &destination) {
-  if (destination.format != BRSL_FORMAT_A32) {
-    const int32_t left = std::max(destination.viewLeft, 0);
-    const int32_t right = std::min(destination.viewRight, destination.width);
-    const int32_t bottom = std::min(destination.viewBottom, destination.height);
-    for (int32_t y = std::max(destination.viewTop, 0); y < bottom; ++y) {
-      for (int32_t x = left; x < right; ++x) {
-        PokeUnclipped(BufferOf(destination), x, y, Peek(source, x, y) & 0xFFFFFF);
-      }
-    }
-    return;
-  }
+  if (destination.format != BRSL_FORMAT_A32) return CopyShown(isa, source, destination);
   const Buffer from = BufferOf(source);
   const Buffer to = BufferOf(destination);
   const uint32_t key = MaskAsColour(source.maskColour, source.format);
