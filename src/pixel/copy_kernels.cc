@@ -32,10 +32,6 @@ int32_t FindMaskRow(const TexelPath &given, ptrdiff_t n, int32_t rows) {
   return row;
 }
 
-// What the target gets of a stored texel: bit 15 of 5:5:5 belongs to no channel.
-template <class F>
-constexpr uint32_t kShownBits = std::is_same_v<F, Rgb555> ? 0x7FFF : 0xFFFFFFFF;
-
 // Pixels without what is not shown of them.
 template <class F>
 struct Shown {

@@ -163,6 +163,12 @@ struct Xrgb32 {
 
 struct Argb32 : Xrgb32 {};
 
+// What is kept of a stored pixel that is read and drawn again: bit 15 of 5:5:5 belongs to no channel.
+template <class F>
+constexpr uint32_t kShownBits = 0xFFFFFFFF;
+template <>
+inline constexpr uint32_t kShownBits<Rgb555> = 0x7FFF;
+
 // Not a format of buffers: texels, whose four bytes are all channels.
 struct Texel32 : Xrgb32 {};
 
