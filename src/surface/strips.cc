@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "pixel/format.h"
+#include "pixel/texel_kernels.h"
 
 namespace brisal {
 namespace {
@@ -72,6 +73,42 @@ TexelPoint Clamp(const Surface &texture, TexelPoint p) {
           static_cast<int32_t>(std::clamp<int64_t>(p.v, 0, maxV))};
 }
 
+// The pixels of a shaded row in the view.
+void DrawRow(const Canvas &canvas, const Extent &extent, Span &span) {
+  const RampKernel ramp = FindRampKernel(canvas.isa);
+  uint32_t colours[kPiece];
+  for (int64_t x = extent.first; x < extent.last; x += kPiece) {
+    const int n = static_cast<int>(std::min<int64_t>(extent.last - x, kPiece));
+    ramp(&span, x - span.left, n, colours);
+    WriteRow(canvas.isa, canvas.target, static_cast<int32_t>(x), span.y, n, colours);
+  }
+}
+
+// Whether the texture and n bytes at `pixels` have none in common: texels can be read before pixels to
+// their left are drawn then.
+bool AreApart(const Surface &texture, const uint8_t *pixels, ptrdiff_t n) {
+  const Buffer texels = BufferOf(texture);
+  const auto [first, last] = std::minmax(texels.Row(0), texels.Row(int64_t{texture.height} - 1));
+  return pixels + n <= first ||
+         last + ByteOffset(texture.width, BytesPerPixel(texture.format)) <= pixels;
+}
+
+// Pixels are copied as they are stored, whatever their channels.
+int32_t StorageOf(int32_t format) {
+  if (BytesPerPixel(format) == 2) return BRSL_FORMAT_565;
+  return BytesPerPixel(format) == 4 ? BRSL_FORMAT_X32 : format;
+}
+
+void CopyTexels(const Canvas &canvas, const Surface &texture, const Span &span) {
+  TexelPath path = {};
+  path.address = static_cast<const uint8_t *>(texture.address);
+  path.pitch = texture.pitch;
+  path.width = texture.width;
+  path.height = texture.height;
+  FindCopyKernel(canvas.isa, StorageOf(texture.format), MaskTexels::kCopied)(path, &span, 1,
+                                                                             canvas.target);
+}
+
 }  // namespace
 
 void DrawGouraudStrip(const Canvas &canvas, Axis axis, int32_t place1, uint32_t colour1,
@@ -82,6 +119,13 @@ void DrawGouraudStrip(const Canvas &canvas, Axis axis, int32_t place1, uint32_t 
   }
   const Extent extent(canvas, axis, place1, place2, line);
   if (extent.IsEmpty()) return;
+  if (axis == Axis::kRow) {
+    Span span;
+    span.Place(line, place1, place2);
+    span.leftColour = static_cast<int32_t>(colour1);
+    span.rightColour = static_cast<int32_t>(colour2);
+    return DrawRow(canvas, extent, span);
+  }
   Stepped red(FixedChannel(colour1, 16), FixedChannel(colour2, 16), extent);
   Stepped green(FixedChannel(colour1, 8), FixedChannel(colour2, 8), extent);
   Stepped blue(FixedChannel(colour1, 0), FixedChannel(colour2, 0), extent);
@@ -101,7 +145,8 @@ void DrawGouraudStrip(const Canvas &canvas, Axis axis, int32_t place1, uint32_t 
 void DrawTextureStrip(const Canvas &canvas, Axis axis, const Surface *texture, int32_t place1,
                       TexelPoint point1, int32_t place2, TexelPoint point2, int32_t line) {
   if (texture == nullptr || texture->width < 1 || texture->height < 1) return;
-  if (BytesPerPixel(texture->format) != BytesPerPixel(canvas.target.format)) return;
+  const int pixelBytes = BytesPerPixel(canvas.target.format);
+  if (!IsFormat(texture->format) || BytesPerPixel(texture->format) != pixelBytes) return;
   if (place1 >= place2) {
     std::swap(place1, place2);
     std::swap(point1, point2);
@@ -112,6 +157,16 @@ void DrawTextureStrip(const Canvas &canvas, Axis axis, const Surface *texture, i
   const TexelPoint end = Clamp(*texture, point2);
   Stepped u(start.u, end.u, extent);
   Stepped v(start.v, end.v, extent);
+  const uint8_t *const pixels = canvas.target.Row(line) + ByteOffset(extent.first, pixelBytes);
+  if (axis == Axis::kRow && AreApart(*texture, pixels, (extent.last - extent.first) * pixelBytes)) {
+    Span span;
+    span.Place(line, extent.first, extent.last);
+    span.u = static_cast<int32_t>(u.value);
+    span.v = static_cast<int32_t>(v.value);
+    span.du = static_cast<int32_t>(u.step);
+    span.dv = static_cast<int32_t>(v.step);
+    return CopyTexels(canvas, *texture, span);
+  }
   const Buffer texels = BufferOf(*texture);
   WithFormat(texels.format, 0, [&](auto f) {
     EachPlace<decltype(f)>(canvas, axis, extent, line, [&](uint8_t *pixel) {
