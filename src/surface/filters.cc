@@ -4,10 +4,9 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "core/ints.h"
-#include "hostlang/colours.h"
 #include "pixel/filter_kernels.h"
 #include "pixel/format.h"
+#include "pixel/light_kernels.h"
 #include "surface/rows.h"
 
 namespace brisal {
@@ -31,14 +30,10 @@ uint32_t BlurFactor(float divisor, const uint8_t (&table)[kBlurEntries]) {
   return factor;
 }
 
-// A light's level at a pixel, 1 for an intensity of 255. Not above 0 where the light does not reach, nor
-// where intensity and falloff are no numbers, nor where the square of the distance wrapped below 0.
-double LevelAt(const Light &light, int32_t x, int32_t y) {
-  constexpr float kStep = 1.0f / 255.0f;
-  const uint32_t dx = static_cast<uint32_t>(x) - static_cast<uint32_t>(light.x);
-  const uint32_t dy = static_cast<uint32_t>(y) - static_cast<uint32_t>(light.y);
-  const double distance = std::sqrt(static_cast<double>(Wrap(dx * dx + dy * dy)));
-  return (light.intensity - distance * light.falloff) * kStep;
+LightRow RowOf(const Light &light, int32_t x, int32_t y) {
+  const uint32_t rows = static_cast<uint32_t>(y) - static_cast<uint32_t>(light.y);
+  return {static_cast<uint32_t>(x) - static_cast<uint32_t>(light.x), rows * rows, light.intensity,
+          light.falloff};
 }
 
 // Copies colours within both viewports, and black where the source shows nothing.
@@ -116,33 +111,16 @@ void GreyScale(Isa isa, const Surface &surface) {
 }
 
 void LightUp(Isa isa, const Surface &surface, const Light &light) {
+  const LightKernel kernel = FindLightKernel(isa);
   ChangeColours(isa, surface, [&](int32_t x, int32_t y, int n, uint8_t *colours) {
-    for (int i = 0; i < n; ++i) {
-      const double level = LevelAt(light, x + i, y);
-      // From 256 on every byte but 0 is 255.
-      const int64_t factor = level > 0 ? static_cast<int64_t>(std::min(level, 256.0) * 65536) : 0;
-      const uint32_t colour = Xrgb32::Load(colours + 4 * i);
-      uint32_t lit = 0;
-      for (int shift = 16; shift >= 0; shift -= 8) {
-        const int64_t byte = (int64_t{colour >> shift & 0xFF} * factor) >> 16;
-        lit |= static_cast<uint32_t>(std::min<int64_t>(byte, 255)) << shift;
-      }
-      Xrgb32::Store(colours + 4 * i, lit);
-    }
+    kernel(colours, n, RowOf(light, x, y));
   });
 }
 
 void PaintLight(Isa isa, const Surface &surface, const Light &light, uint32_t colour) {
+  const PaintKernel kernel = FindPaintKernel(isa);
   ChangeColours(isa, surface, [&](int32_t x, int32_t y, int n, uint8_t *colours) {
-    for (int i = 0; i < n; ++i) {
-      const double level = LevelAt(light, x + i, y);
-      const auto channel = [&](int shift) {
-        const double value = level * (colour >> shift & 0xFF);
-        return static_cast<int32_t>(std::clamp(value, 0.0, 255.0));
-      };
-      const uint32_t lit = level > 0 ? ColourWithIntensity(channel(16), channel(8), channel(0)) : 0;
-      Xrgb32::Store(colours + 4 * i, lit);
-    }
+    kernel(colours, n, RowOf(light, x, y), colour);
   });
 }
 
