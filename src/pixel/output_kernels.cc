@@ -25,9 +25,9 @@ struct HalfTexel<Rgb24> : Reading<Rgb24> {
   }
 };
 
-// The runs' texels, in the target's storage unless the rule has a use for all of them, meet the target.
-template <class F, class R, class Texels = Converted<F, Xrgb32>>
-struct CombineRuns {
+// The runs' texels meet the target by a rule, as the source makes them: in 32-bit storage they are pixels.
+template <class F, class R, class Texels>
+struct CombineTexels {
   using Source = std::conditional_t<F::kBytes == 4, Pixels<F>, Texels>;
 
   template <int VectorBytes>
@@ -43,6 +43,9 @@ struct CombineRuns {
   }
 };
 
+template <class F, class R>
+struct CombineRuns : CombineTexels<F, R, Converted<F, Xrgb32>> {};
+
 // Texels over the target's pixels by their own alpha.
 template <class F>
 struct OwnAlpha : OverHalves<F, 5, 29, true> {
@@ -56,7 +59,7 @@ struct OwnAlpha<Xrgb32> : Over32<253> {
 };
 
 template <class F>
-struct OverRuns : CombineRuns<F, OwnAlpha<F>, ArgbHalves>, UpTo64Bytes {};
+struct OverRuns : CombineTexels<F, OwnAlpha<F>, ArgbHalves>, UpTo64Bytes {};
 
 struct OverTriples {
   template <int VectorBytes>
