@@ -119,7 +119,8 @@ void DrawGouraudStrip(const Canvas &canvas, Axis axis, int32_t place1, uint32_t 
   }
   const Extent extent(canvas, axis, place1, place2, line);
   if (extent.IsEmpty()) return;
-  if (axis == Axis::kRow) {
+  // The lengths of spans may have 32 bits.
+  if (axis == Axis::kRow && extent.length <= INT32_MAX) {
     Span span;
     span.Place(line, place1, place2);
     span.leftColour = static_cast<int32_t>(colour1);
