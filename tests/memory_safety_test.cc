@@ -1,6 +1,7 @@
 // What the drawing calls must never do: touch memory outside their rows.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -100,6 +101,64 @@ TEST(Fences, TexturesKeepToTheirTexels) {
     }
   }
   TPD_Free(pipeline);
+}
+
+// Draws a texture turned and enlarged, as it is and tinted, on a fresh target.
+std::vector<uint8_t> Turned(int32_t format, void *texels, int32_t pitch, int32_t width,
+                            int32_t height) {
+  constexpr int32_t kSide = 200;
+  std::vector<uint8_t> target(kSide * kSide * 4);
+  BRSL_SetBuffer(target.data(), kSide * 4, format);
+  BRSL_SetBufferViewPort(0, 0, kSide, kSide);
+  BRSL_SurfaceDesc *desc = BRSL_AllocSurfaceDesc(format, texels, pitch, width, height);
+  const int32_t u = width - 1, v = height - 1, half = kSide / 2;
+  int32_t y = 0;
+  for (uint32_t tint : {0xFFFFFFFFu, 0x8090A0u}) {
+    TPD_Pipeline *pipeline = TPD_BuildSpriteDrawMode(0, tint, 0, 0);
+    BRSL_DrawSpriteQuad(desc, half, y, 0, 0, kSide, y + half / 2, u, 0, half, y + half, u, v, 0,
+                        y + half / 2, 0, v, pipeline, 0);
+    TPD_Free(pipeline);
+    y += half;
+  }
+  BRSL_FreeSurfaceDesc(desc);
+  return target;
+}
+
+// What reads words may read a texel's neighbours, but not the page that none of them is on.
+TEST(Fences, TexelsKeepToTheirPages) {
+  FencedPage one, other;
+  uint8_t *const low = std::min(one.Begin(), other.Begin());
+  uint8_t *const high = std::max(one.Begin(), other.Begin());
+  const int32_t page = static_cast<int32_t>(one.End() - one.Begin());
+  const int32_t apart = static_cast<int32_t>(high - low);
+  for (int i = 0; i < page; i++) {
+    for (uint8_t *begin : {low, high}) begin[i] = static_cast<uint8_t>(i * 31 + i / 7);
+  }
+  constexpr int32_t kWidth = 20;
+  for (int32_t state : SwitchStates()) {
+    BRSL_SetMMXState(state);
+    for (int32_t format = 1; format <= 5; format++) {
+      const int32_t bytes = kWidth * kFormatBytes[format], between = (page - bytes) / 4;
+      struct Case {
+        uint8_t *first;
+        int32_t pitch;
+        int32_t height;
+      };
+      uint8_t *const lowEnd = low + page - bytes;
+      for (const Case &c : {Case{low, bytes, 5}, Case{low, between, 5}, Case{lowEnd, -between, 5},
+                            Case{lowEnd - 4 * bytes, bytes, 5}, Case{lowEnd, apart - 64, 2},
+                            Case{high + 64, -apart - 64, 2}}) {
+        std::vector<uint8_t> copy(static_cast<size_t>(bytes * c.height) + 64);
+        for (int32_t row = 0; row < c.height; row++) {
+          std::memcpy(&copy[static_cast<size_t>(16 + row * bytes)], c.first + row * c.pitch,
+                      static_cast<size_t>(bytes));
+        }
+        EXPECT_EQ(Turned(format, c.first, c.pitch, kWidth, c.height),
+                  Turned(format, &copy[16], bytes, kWidth, c.height))
+            << "format " << format << ", pitch " << c.pitch;
+      }
+    }
+  }
 }
 
 // A row's list without runs may be the last thing that a glyph holds.

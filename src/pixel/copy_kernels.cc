@@ -45,7 +45,7 @@ struct Shown {
 };
 
 template <class F, MaskTexels Mask>
-struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
+struct CopySpans : GathersTexels {
   static constexpr bool kKeyed = Mask == MaskTexels::kLeftOut;
   static constexpr bool kShowsAll = kShownBits<F> == 0xFFFFFFFF;
 
@@ -78,7 +78,7 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
       if (Mask == MaskTexels::kCopiedAmongOthers && AreMask<F>(path, n)) continue;
       uint8_t *pixels = target.Row(span->y) + ptrdiff_t{span->left} * F::kBytes;
       if constexpr (F::kBytes == 3) {
-        CopyTriples<VectorBytes>(path, n, pixels);
+        CopyTriples<VectorBytes>(Rows{}, path, n, pixels);
       } else {
         const ptrdiff_t copied = path.dv == 0 ? CopyAlongRow<VectorBytes>(path, n, pixels) : 0;
         if (copied == n) continue;
@@ -133,18 +133,21 @@ struct CopySpans : GathersTexelsIf<F::kBytes != 3> {
     ForEachGathered<F>(
         path, n, [=](ptrdiff_t i, auto texels, uint16_t mask) __attribute__((always_inline)) {
           if constexpr (kKeyed) mask &= UnequalWords(texels, Splat<decltype(texels)>(key));
-          if constexpr (F::kBytes == 2) {
-            return StoreHalves(pixels + i * 2, mask, texels & kShownBits<F>);
-          }
-          StoreWords(pixels + i * 4, mask, texels);
+          uint8_t *const to = pixels + i * F::kBytes;
+          if constexpr (F::kBytes == 2) return StoreHalves(to, mask, texels & kShownBits<F>);
+          if constexpr (F::kBytes == 3) return StoreTriples(to, mask, texels);
+          StoreWords(to, mask, texels);
         });
   }
 
-  // Pixels of three bytes, of which the key is not looked for in vectors.
-  template <int VectorBytes>
-  BRISAL_INLINE static void CopyTriples(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
+  // Pixels of three bytes, of which the key is not looked for in vectors unless they are gathered.
+  template <int VectorBytes, class Rows>
+  BRISAL_INLINE static void CopyTriples(Rows, const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
     if constexpr (!kKeyed) {
       if (IsStraight(path)) return CopyStraight<VectorBytes>(path, n, pixels);
+    }
+    if constexpr (std::is_same_v<Rows, GatheredRows>) {
+      return CopyTexels<VectorBytes>(Rows{}, path, n, pixels);
     }
     const uint32_t key = path.storedKey;
     ForEachTexel<F, VectorBytes>(

@@ -30,9 +30,9 @@ BRISAL_INLINE void FindRuns(int n, const uint32_t *stored, uint32_t key, TexelRu
   runs->count = count;
 }
 
-// Gathered pairs of 32-bit texels would still have to be parted.
+// Gathered pairs of wider texels would still have to be parted.
 template <class F, bool Filtered>
-using FetchColumns = GathersTexelsIf<F::kBytes == 2 || (F::kBytes == 4 && !Filtered)>;
+using FetchColumns = GathersTexelsIf<F::kBytes == 2 || !Filtered>;
 
 template <class F, bool Filtered, bool Compressed>
 struct Fetch : FetchColumns<F, Filtered> {

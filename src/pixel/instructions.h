@@ -170,6 +170,16 @@ template <class Half, class V>
   _mm256_mask_storeu_epi16(p, mask, _mm512_cvtepi32_epi16((__m512i)words));
 }
 
+// The low three bytes of words, the highest first, where the mask has a bit.
+[[gnu::target(BRISAL_AVX512)]] inline void StoreTriples(uint8_t *p, uint16_t mask,
+                                                        const Vector<uint32_t, 64> &words) {
+  constexpr uint64_t kFirstOfThree = 0x249249249249;
+  Vector<uint8_t, 64> from = {};
+  for (int i = 0; i < 48; ++i) from[i] = static_cast<uint8_t>(i / 3 * 4 + 2 - i % 3);
+  _mm512_mask_storeu_epi8(p, _pdep_u64(mask, kFirstOfThree) * 7,
+                          _mm512_permutexvar_epi8((__m512i)from, (__m512i)words));
+}
+
 // The first bytes of a vector, one at the least: nothing behind them is read, or written.
 [[gnu::target(BRISAL_AVX512)]] inline void LoadFirst(const uint8_t *p, ptrdiff_t bytes,
                                                      Vector<uint8_t, 64> &v) {

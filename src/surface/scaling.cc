@@ -77,6 +77,8 @@ class ViewSampler {
         copy_(FindCopyKernel(isa, source.format, MaskTexels::kCopied)) {
     path_.address = static_cast<const uint8_t *>(source.address);
     path_.pitch = source.pitch;
+    path_.width = source.width;
+    path_.height = source.height;
     path_.du = static_cast<uint32_t>(xStep);
   }
 
