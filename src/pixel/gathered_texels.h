@@ -90,7 +90,8 @@ template <class Words>
 class WordsOfTriples {
  public:
   BRISAL_INLINE static bool Hold(const TexelPath &path) {
-    const ptrdiff_t between = (path.pitch < 0 ? -path.pitch : path.pitch) - 3 * path.width;
+    const ptrdiff_t between =
+        (path.pitch < 0 ? -path.pitch : path.pitch) - ptrdiff_t{3} * path.width;
     const uintptr_t first = RowAt(path, path.pitch < 0 ? path.height - 1 : 0);
     return path.width > 0 && path.height > 0 && between < kPage &&
            (MayReadBehind(path) || first % kPage != 0);

@@ -84,13 +84,17 @@ void DrawRow(const Canvas &canvas, const Extent &extent, Span &span) {
   }
 }
 
-// Whether the texture and n bytes at `pixels` have none in common: texels can be read before pixels to
-// their left are drawn then.
-bool AreApart(const Surface &texture, const uint8_t *pixels, ptrdiff_t n) {
-  const Buffer texels = BufferOf(texture);
-  const auto [first, last] = std::minmax(texels.Row(0), texels.Row(int64_t{texture.height} - 1));
-  return pixels + n <= first ||
-         last + ByteOffset(texture.width, BytesPerPixel(texture.format)) <= pixels;
+// Whether the texture and the strip's pixels in a row have no byte in common: texels can be read before
+// pixels to their left are drawn then.
+bool AreApart(const Surface &texture, const Canvas &canvas, const Extent &extent, int32_t row) {
+  const int64_t pixelBytes = BytesPerPixel(texture.format);
+  const uintptr_t texels = reinterpret_cast<uintptr_t>(texture.address);
+  const uintptr_t last =
+      texels + static_cast<uintptr_t>((int64_t{texture.height} - 1) * texture.pitch);
+  const uintptr_t end = std::max(texels, last) + static_cast<uintptr_t>(texture.width * pixelBytes);
+  const uintptr_t pixels = reinterpret_cast<uintptr_t>(canvas.target.Row(row));
+  return pixels + static_cast<uintptr_t>(extent.last * pixelBytes) <= std::min(texels, last) ||
+         end <= pixels + static_cast<uintptr_t>(extent.first * pixelBytes);
 }
 
 // Pixels are copied as they are stored, whatever their channels.
@@ -146,8 +150,8 @@ void DrawGouraudStrip(const Canvas &canvas, Axis axis, int32_t place1, uint32_t 
 void DrawTextureStrip(const Canvas &canvas, Axis axis, const Surface *texture, int32_t place1,
                       TexelPoint point1, int32_t place2, TexelPoint point2, int32_t line) {
   if (texture == nullptr || texture->width < 1 || texture->height < 1) return;
-  const int pixelBytes = BytesPerPixel(canvas.target.format);
-  if (!IsFormat(texture->format) || BytesPerPixel(texture->format) != pixelBytes) return;
+  if (!IsFormat(texture->format)) return;
+  if (BytesPerPixel(texture->format) != BytesPerPixel(canvas.target.format)) return;
   if (place1 >= place2) {
     std::swap(place1, place2);
     std::swap(point1, point2);
@@ -158,8 +162,7 @@ void DrawTextureStrip(const Canvas &canvas, Axis axis, const Surface *texture, i
   const TexelPoint end = Clamp(*texture, point2);
   Stepped u(start.u, end.u, extent);
   Stepped v(start.v, end.v, extent);
-  const uint8_t *const pixels = canvas.target.Row(line) + ByteOffset(extent.first, pixelBytes);
-  if (axis == Axis::kRow && AreApart(*texture, pixels, (extent.last - extent.first) * pixelBytes)) {
+  if (axis == Axis::kRow && AreApart(*texture, canvas, extent, line)) {
     Span span;
     span.Place(line, extent.first, extent.last);
     span.u = static_cast<int32_t>(u.value);
