@@ -3,16 +3,13 @@
 #include <algorithm>
 
 #include "pixel/format.h"
+#include "surface/texture_path.h"
 
 namespace brisal {
 namespace {
 
 TexelPath PathOf(const Surface &texture) {
-  TexelPath path = {};
-  path.address = static_cast<const uint8_t *>(texture.address);
-  path.pitch = texture.pitch;
-  path.width = texture.width;
-  path.height = texture.height;
+  TexelPath path = PathAlong(texture);
   path.storedKey = MaskAsStored(texture.maskColour, texture.format);
   path.texelKey = MaskAsColour(texture.maskColour, texture.format);
   return path;

@@ -7,6 +7,7 @@
 #include "pixel/scale_kernels.h"
 #include "pixel/texel_kernels.h"
 #include "surface/rows.h"
+#include "surface/texture_path.h"
 
 namespace brisal {
 namespace {
@@ -75,10 +76,7 @@ class ViewSampler {
         yStep_(yStep),
         fetch_(FindFetchKernel(isa, source.format, false, false)),
         copy_(FindCopyKernel(isa, source.format, MaskTexels::kCopied)) {
-    path_.address = static_cast<const uint8_t *>(source.address);
-    path_.pitch = source.pitch;
-    path_.width = source.width;
-    path_.height = source.height;
+    path_ = PathAlong(source);
     path_.du = static_cast<uint32_t>(xStep);
   }
 
@@ -155,7 +153,7 @@ class ViewSampler {
   int64_t yStep_;
   FetchKernel fetch_;
   CopyKernel copy_;
-  TexelPath path_ = {};
+  TexelPath path_;
 };
 
 // Rows that show the same row of the source are copies of the first of them.
@@ -213,10 +211,7 @@ void ScaleFiltered(Isa isa, const Surface &source, int64_t xStep, int64_t yStep,
   const Buffer buffer = BufferOf(destination);
   const bool inPlace = BytesPerPixel(buffer.format) == 4;  // pixels are colours
   const Viewport part = ShownPart(destination);
-  TexelPath path = {};
-  path.address = static_cast<const uint8_t *>(source.address);
-  path.pitch = source.pitch;
-  path.width = source.width;
+  TexelPath path = PathAlong(source);
   path.du = static_cast<uint32_t>(xStep);
   ForEachPiece<kScaledPiece>(part, [&](int64_t x, int n) {
     path.u = static_cast<uint32_t>(x * xStep);

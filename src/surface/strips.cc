@@ -5,6 +5,7 @@
 
 #include "pixel/format.h"
 #include "pixel/texel_kernels.h"
+#include "surface/texture_path.h"
 
 namespace brisal {
 namespace {
@@ -104,13 +105,8 @@ int32_t StorageOf(int32_t format) {
 }
 
 void CopyTexels(const Canvas &canvas, const Surface &texture, const Span &span) {
-  TexelPath path = {};
-  path.address = static_cast<const uint8_t *>(texture.address);
-  path.pitch = texture.pitch;
-  path.width = texture.width;
-  path.height = texture.height;
-  FindCopyKernel(canvas.isa, StorageOf(texture.format), MaskTexels::kCopied)(path, &span, 1,
-                                                                             canvas.target);
+  FindCopyKernel(canvas.isa, StorageOf(texture.format), MaskTexels::kCopied)(
+      PathAlong(texture), &span, 1, canvas.target);
 }
 
 }  // namespace
