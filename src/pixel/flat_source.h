@@ -8,12 +8,13 @@
 
 namespace brisal {
 
+// A packed colour of three bytes, in their order in memory.
+BRISAL_INLINE uint32_t TripleOf(uint32_t packed) { return __builtin_bswap32(packed) >> 8; }
+
 // One pixel of a packed colour, as LoadOne gives it.
 template <class F>
 BRISAL_INLINE auto OneOf(uint32_t packed) {
-  if constexpr (F::kBytes == 3) {
-    packed = (packed >> 16 & 0xFF) | (packed & 0xFF00) | (packed & 0xFF) << 16;
-  }
+  if constexpr (F::kBytes == 3) packed = TripleOf(packed);
   Vector<typename F::Lane, F::kBytes == 2 ? 2 : 4> pixel;
   std::memcpy(&pixel, &packed, sizeof pixel);
   return pixel;
@@ -57,8 +58,10 @@ class Flat {
     if constexpr (F::kBytes == 3) {
       constexpr int kWords = VectorBytes / 4;
       constexpr auto kLanes = std::make_index_sequence<kWords>{};
-      const uint32_t p = (packed_ >> 16 & 0xFF) | (packed_ & 0xFF00) | (packed_ & 0xFF) << 16;
-      const uint32_t words[] = {p | p << 24, p >> 8 | p << 16, p >> 16 | p << 8};
+      // The first two words; the third is what begins at their third byte.
+      const uint64_t pair = TripleOf(packed_) * (1 | uint64_t{1} << 24 | uint64_t{1} << 48);
+      const uint32_t words[] = {static_cast<uint32_t>(pair), static_cast<uint32_t>(pair >> 32),
+                                static_cast<uint32_t>(pair >> 16)};
       if constexpr (VectorBytes == 4) {
         using Word = Vector<uint32_t, 4>;
         return {{{As<uint8_t>(Word{words[0]}), As<uint8_t>(Word{words[1]}),
