@@ -11,13 +11,18 @@ namespace brisal {
 // A packed colour of three bytes, in their order in memory.
 BRISAL_INLINE uint32_t TripleOf(uint32_t packed) { return __builtin_bswap32(packed) >> 8; }
 
+// The pixel at the start of a word of memory, as LoadOne gives it.
+template <class F>
+BRISAL_INLINE auto FirstOf(uint32_t word) {
+  Vector<typename F::Lane, F::kBytes == 2 ? 2 : 4> pixel;
+  std::memcpy(&pixel, &word, sizeof pixel);
+  return pixel;
+}
+
 // One pixel of a packed colour, as LoadOne gives it.
 template <class F>
 BRISAL_INLINE auto OneOf(uint32_t packed) {
-  if constexpr (F::kBytes == 3) packed = TripleOf(packed);
-  Vector<typename F::Lane, F::kBytes == 2 ? 2 : 4> pixel;
-  std::memcpy(&pixel, &packed, sizeof pixel);
-  return pixel;
+  return FirstOf<F>(F::kBytes == 3 ? TripleOf(packed) : packed);
 }
 
 // Words of 24-bit pixels repeat after three.
@@ -33,15 +38,25 @@ BRISAL_INLINE V RepeatedWords(Vector<uint32_t, 16> three, std::index_sequence<I.
   }
 }
 
-// A source of one packed colour, repeated. Its groups are made in registers: small jobs would wait for
-// what they have just stored.
+// A source of one packed colour, repeated. What it repeats is made with it, as GCC would make it for every
+// row; its groups in registers, as small jobs would wait for what they have just stored.
 template <class F>
 class Flat {
  public:
-  BRISAL_INLINE explicit Flat(uint32_t packed) : packed_(packed) {}
+  BRISAL_INLINE explicit Flat(uint32_t packed) {
+    if constexpr (F::kBytes == 3) {
+      // The first two words; the third is what begins at their third byte.
+      const uint64_t pair = TripleOf(packed) * (1 | uint64_t{1} << 24 | uint64_t{1} << 48);
+      words_[0] = static_cast<uint32_t>(pair);
+      words_[1] = static_cast<uint32_t>(pair >> 32);
+      words_[2] = static_cast<uint32_t>(pair >> 16);
+    } else {
+      words_[0] = F::kBytes == 2 ? (packed & 0xFFFF) * 0x10001u : packed;
+    }
+  }
 
   BRISAL_INLINE Flat Behind(ptrdiff_t) const { return *this; }
-  BRISAL_INLINE auto One(ptrdiff_t) const { return OneOf<F>(packed_); }
+  BRISAL_INLINE auto One(ptrdiff_t) const { return FirstOf<F>(words_[0]); }
 
   template <int VectorBytes>
   struct Cursor {
@@ -58,26 +73,22 @@ class Flat {
     if constexpr (F::kBytes == 3) {
       constexpr int kWords = VectorBytes / 4;
       constexpr auto kLanes = std::make_index_sequence<kWords>{};
-      // The first two words; the third is what begins at their third byte.
-      const uint64_t pair = TripleOf(packed_) * (1 | uint64_t{1} << 24 | uint64_t{1} << 48);
-      const uint32_t words[] = {static_cast<uint32_t>(pair), static_cast<uint32_t>(pair >> 32),
-                                static_cast<uint32_t>(pair >> 16)};
       if constexpr (VectorBytes == 4) {
         using Word = Vector<uint32_t, 4>;
-        return {{{As<uint8_t>(Word{words[0]}), As<uint8_t>(Word{words[1]}),
-                  As<uint8_t>(Word{words[2]})}}};
+        return {{{As<uint8_t>(Word{words_[0]}), As<uint8_t>(Word{words_[1]}),
+                  As<uint8_t>(Word{words_[2]})}}};
       }
-      const Vector<uint32_t, 16> three = {words[0], words[1], words[2], 0};
+      const Vector<uint32_t, 16> three = {words_[0], words_[1], words_[2], 0};
       return {{{RepeatedWords<V, 0>(three, kLanes), RepeatedWords<V, kWords % 3>(three, kLanes),
                 RepeatedWords<V, 2 * kWords % 3>(three, kLanes)}}};
     } else {
-      const uint32_t word = F::kBytes == 2 ? (packed_ & 0xFFFF) * 0x10001u : packed_;
-      return {{{As<typename F::Lane>(Splat<Vector<uint32_t, VectorBytes>>(word))}}};
+      return {{{As<typename F::Lane>(Splat<Vector<uint32_t, VectorBytes>>(words_[0]))}}};
     }
   }
 
  private:
-  uint32_t packed_;
+  // What pixels of the colour repeat in memory.
+  uint32_t words_[F::kBytes == 3 ? 3 : 1];
 };
 
 template <class F, class R>
