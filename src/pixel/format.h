@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "brisal/brisal.h"
@@ -195,10 +196,19 @@ R WithFormat(int32_t code, R otherwise, F f) {
   }
 }
 
-// 0 for codes that are no format.
-inline int BytesPerPixel(int32_t code) {
-  return WithFormat(code, 0, [](auto f) { return f.kBytes; });
+template <class... F>
+constexpr std::array<uint8_t, sizeof...(F)> BytesOf(TypeList<F...>) {
+  return {F::kBytes...};
 }
+
+// Of a code that is a format.
+inline int BytesOfFormat(int32_t code) {
+  static constexpr auto kBytes = BytesOf(Formats{});
+  return kBytes[static_cast<size_t>(code - 1)];
+}
+
+// 0 for codes that are no format.
+inline int BytesPerPixel(int32_t code) { return IsFormat(code) ? BytesOfFormat(code) : 0; }
 
 // A colour in the storage of a target; other codes leave it unchanged.
 inline uint32_t PackColour(uint32_t colour, int32_t format) {

@@ -12,7 +12,7 @@ BRISAL_INLINE void DrawBlock(const Canvas &canvas, const PixelBox &box, Rule rul
   const Buffer &target = canvas.target;
   const BlockKernel kernel = FindBlockKernel(canvas.isa, rule, target.format);
   if (kernel == nullptr) return;
-  kernel(target.Row(box.top) + ByteOffset(box.left, BytesPerPixel(target.format)), target.pitch,
+  kernel(target.Row(box.top) + ByteOffset(box.left, BytesOfFormat(target.format)), target.pitch,
          box.right - box.left, box.bottom - box.top, packed, canvas.inkAlpha);
 }
 
