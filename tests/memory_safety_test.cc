@@ -94,6 +94,8 @@ TEST(Fences, TexturesKeepToTheirTexels) {
           BRSL_DrawTexture(desc, 0, 0, pipeline);
           BRSL_DrawSpriteQuad(desc, 0, 0, 0, 0, length, 0, u, v, length, 1, u, v, 0, 1, 0, 0,
                               pipeline, 0);
+          BRSL_DrawSpriteQuad(desc, 0, 0, u, v, length, 0, 0, 0, length, 1, 0, 0, 0, 1, u, v,
+                              pipeline, 0);
           BRSL_HoriTextureStrip(desc, 0, 0, 0, length, u * 65536, v * 65536, 0);
           BRSL_FreeSurfaceDesc(desc);
         }

@@ -5,6 +5,7 @@
 #include "pixel/gathered_texels.h"
 #include "pixel/keyed_source.h"
 #include "pixel/pixel_source.h"
+#include "pixel/row_texels.h"
 #include "pixel/rules.h"
 #include "pixel/run.h"
 #include "pixel/texel_kernels.h"
@@ -95,6 +96,14 @@ struct CopySpans : GathersTexels {
       CopyStraight<VectorBytes>(path, n, pixels);
       return n;
     }
+#if BRISAL_HAS_AVX512
+    if constexpr (VectorBytes == 64) {
+      if constexpr (!kKeyed && kShowsAll) {
+        if (CopiesDoubled<F, VectorBytes>(path, static_cast<int>(n), pixels)) return n;
+      }
+      return CombinesAlongRow<F>(path, n, pixels, RuleOf(path)) ? n : 0;
+    }
+#endif
     if (!MayLoadVectors<F, VectorBytes>(path, n)) return 0;
     for (ptrdiff_t i = 0; i < n; i += kPiece) {
       const int piece = static_cast<int>(n - i < kPiece ? n - i : kPiece);
@@ -157,11 +166,14 @@ struct CopySpans : GathersTexels {
         });
   }
 
+  BRISAL_INLINE static auto RuleOf(const TexelPath &path) {
+    return std::conditional_t<kKeyed, UnlessKey<F, kShownBits<F>>, Shown<F>>(path.storedKey);
+  }
+
   template <int VectorBytes, class Source>
   BRISAL_INLINE static void Combine(const TexelPath &path, ptrdiff_t n, uint8_t *pixels,
                                     const Source &source) {
-    const std::conditional_t<kKeyed, UnlessKey<F, kShownBits<F>>, Shown<F>> rule(path.storedKey);
-    CombineRun<F, VectorBytes>(pixels, pixels, n, rule, source);
+    CombineRun<F, VectorBytes>(pixels, pixels, n, RuleOf(path), source);
   }
 };
 

@@ -139,6 +139,27 @@ template <class Half, class V>
   permuted = (Vector<uint8_t, 64>)_mm512_permutexvar_epi8((__m512i)from, (__m512i)table);
 }
 
+// The lanes of a table that `from` numbers, which has as many or fewer.
+template <class Table, class V>
+[[gnu::target(BRISAL_AVX512)]] inline void PermuteLanes(const Table &table, const V &from,
+                                                        V &permuted) {
+  __m512i numbers;
+  if constexpr (sizeof(V) == 64) {
+    numbers = (__m512i)from;
+  } else if constexpr (sizeof(V) == 32) {
+    numbers = _mm512_castsi256_si512((__m256i)from);
+  } else {
+    numbers = _mm512_castsi128_si512((__m128i)from);
+  }
+  __m512i lanes;
+  if constexpr (sizeof(from[0]) == 2) {
+    lanes = _mm512_permutexvar_epi16(numbers, (__m512i)table);
+  } else {
+    lanes = _mm512_permutexvar_epi32(numbers, (__m512i)table);
+  }
+  std::memcpy(&permuted, &lanes, sizeof permuted);
+}
+
 // The words at distances from p, in bytes. Nothing is read, and the lane is 0, where the mask has no bit.
 [[gnu::target(BRISAL_AVX512)]] inline void GatherWords(const uint8_t *p,
                                                        const Vector<uint32_t, 64> &distances,
@@ -183,7 +204,8 @@ template <class Half, class V>
 // The first bytes of a vector, one at the least: nothing behind them is read, or written.
 [[gnu::target(BRISAL_AVX512)]] inline void LoadFirst(const uint8_t *p, ptrdiff_t bytes,
                                                      Vector<uint8_t, 64> &v) {
-  v = (Vector<uint8_t, 64>)_mm512_maskz_loadu_epi8(~uint64_t{0} >> (64 - bytes), p);
+  v = (Vector<uint8_t, 64>)_mm512_maskz_loadu_epi8(
+      _bzhi_u64(~uint64_t{0}, static_cast<uint32_t>(bytes)), p);
 }
 
 [[gnu::target(BRISAL_AVX512)]] inline void LoadFirst(const uint8_t *p, ptrdiff_t bytes,
