@@ -125,10 +125,9 @@ class ViewSampler {
   }
 
  private:
-  // 5:5:5 pixels lose a bit when they are read.
   bool StoredAlike(int32_t format) const {
-    const bool same = format == source_.format && format != BRSL_FORMAT_555;
-    return same || (BytesPerPixel(format) == 4 && BytesPerPixel(source_.format) == 4);
+    return format == source_.format ||
+           (BytesPerPixel(format) == 4 && BytesPerPixel(source_.format) == 4);
   }
 
   // Whether the columns of n pixels, and as many to the right of each, are all in the view, and
