@@ -82,8 +82,7 @@ struct CombineRows : UpTo64Bytes {
   }
 };
 
-// Pixels of three bytes but for the key. Where bytes have masks, 21 of them are compared and stored as they
-// lie in memory.
+// Pixels of three bytes but for the key.
 struct KeyedTripleRows : UpTo64Bytes {
   template <int VectorBytes>
   BRISAL_INLINE static void Run(const Transfer &given, uint32_t key) {
@@ -98,15 +97,11 @@ struct KeyedTripleRows : UpTo64Bytes {
 #if BRISAL_HAS_AVX512
  private:
   BRISAL_INLINE static void CopyMasked(const Transfer &given, uint32_t key) {
-    constexpr ptrdiff_t kMost = 63;
     const Transfer t = given;
-    const auto keys = Flat<Rgb24>(key).Start<64>().group.part[0];
+    const auto keys = Flat<Rgb24>(key).Start<64>().Get().part[0];
     for (int64_t row = 0; row < t.rows; ++row) {
-      uint8_t *to = t.to + ByteOffset(row, t.toPitch);
-      const uint8_t *from = t.from + ByteOffset(row, t.fromPitch);
-      for (ptrdiff_t rest = t.width * 3; rest > 0; rest -= kMost, to += kMost, from += kMost) {
-        CopyUnlessTriple(to, from, std::min(rest, kMost), keys);
-      }
+      CopyUnlessTriples(t.to + ByteOffset(row, t.toPitch), t.from + ByteOffset(row, t.fromPitch),
+                        t.width, keys);
     }
   }
 #endif

@@ -2,6 +2,7 @@
 #include <type_traits>
 
 #include "pixel/column.h"
+#include "pixel/flat_source.h"
 #include "pixel/gathered_texels.h"
 #include "pixel/keyed_source.h"
 #include "pixel/pixel_source.h"
@@ -115,7 +116,12 @@ struct CopySpans : GathersTexels {
   template <int VectorBytes>
   BRISAL_INLINE static void CopyStraight(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
     const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
-    Combine<VectorBytes>(path, n, pixels, Pixels<F>(first));
+    if constexpr (kKeyed && F::kBytes == 3) {
+      CombineRun<F, VectorBytes>(pixels, pixels, n, UnlessMasked{},
+                                 KeyedTriples(first, path.storedKey));
+    } else {
+      Combine<VectorBytes>(path, n, pixels, Pixels<F>(first));
+    }
   }
 
   template <int VectorBytes>
@@ -152,9 +158,7 @@ struct CopySpans : GathersTexels {
   // Pixels of three bytes, of which the key is not looked for in vectors unless they are gathered.
   template <int VectorBytes, class Rows>
   BRISAL_INLINE static void CopyTriples(Rows, const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
-    if constexpr (!kKeyed) {
-      if (IsStraight(path)) return CopyStraight<VectorBytes>(path, n, pixels);
-    }
+    if (path.dv == 0 && CopiesTriplesAlongRow<VectorBytes>(path, n, pixels)) return;
     if constexpr (std::is_same_v<Rows, GatheredRows>) {
       return CopyTexels<VectorBytes>(Rows{}, path, n, pixels);
     }
@@ -164,6 +168,40 @@ struct CopySpans : GathersTexels {
           const uint32_t stored = F::Load(texel);
           if (!kKeyed || stored != key) F::Store(pixels + i * F::kBytes, stored);
         });
+  }
+
+  // False where vectors do not reach.
+  template <int VectorBytes>
+  BRISAL_INLINE static bool CopiesTriplesAlongRow(const TexelPath &path, ptrdiff_t n,
+                                                  uint8_t *pixels) {
+#if BRISAL_HAS_AVX512
+    if constexpr (VectorBytes == 64 && kKeyed) {
+      const auto keys = Flat<Rgb24>(path.storedKey).template Start<64>().Get().part[0];
+      if (IsStraight(path)) {
+        CopyUnlessTriples(pixels, TexelAt<F>(path, Whole(path.u), Whole(path.v)), n, keys);
+        return true;
+      }
+      return ForTriplesAlongRow(
+          path,
+          n, [=](ptrdiff_t i, ptrdiff_t bytes, const auto &texels) __attribute__((always_inline)) {
+            StoreUnlessTriple(pixels + i * 3, bytes, keys, texels);
+          });
+    }
+#endif
+    if (IsStraight(path)) {
+      CopyStraight<VectorBytes>(path, n, pixels);
+      return true;
+    }
+#if BRISAL_HAS_AVX512
+    if constexpr (VectorBytes == 64) {
+      return ForTriplesAlongRow(
+          path,
+          n, [=](ptrdiff_t i, ptrdiff_t bytes, const auto &texels) __attribute__((always_inline)) {
+            StoreFirst(pixels + i * 3, bytes, texels);
+          });
+    }
+#endif
+    return false;
   }
 
   BRISAL_INLINE static auto RuleOf(const TexelPath &path) {

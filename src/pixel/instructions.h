@@ -201,11 +201,14 @@ template <class Table, class V>
                           _mm512_permutexvar_epi8((__m512i)from, (__m512i)words));
 }
 
+[[gnu::target(BRISAL_AVX512)]] inline uint64_t FirstBits(ptrdiff_t n) {
+  return _bzhi_u64(~uint64_t{0}, static_cast<uint32_t>(n));
+}
+
 // The first bytes of a vector, one at the least: nothing behind them is read, or written.
 [[gnu::target(BRISAL_AVX512)]] inline void LoadFirst(const uint8_t *p, ptrdiff_t bytes,
                                                      Vector<uint8_t, 64> &v) {
-  v = (Vector<uint8_t, 64>)_mm512_maskz_loadu_epi8(
-      _bzhi_u64(~uint64_t{0}, static_cast<uint32_t>(bytes)), p);
+  v = (Vector<uint8_t, 64>)_mm512_maskz_loadu_epi8(FirstBits(bytes), p);
 }
 
 [[gnu::target(BRISAL_AVX512)]] inline void LoadFirst(const uint8_t *p, ptrdiff_t bytes,
@@ -220,19 +223,18 @@ template <class Table, class V>
 
 [[gnu::target(BRISAL_AVX512)]] inline void StoreFirst(uint8_t *p, ptrdiff_t bytes,
                                                       const Vector<uint8_t, 64> &v) {
-  _mm512_mask_storeu_epi8(p, ~uint64_t{0} >> (64 - bytes), (__m512i)v);
+  _mm512_mask_storeu_epi8(p, FirstBits(bytes), (__m512i)v);
 }
 
-// Copies the first 3 to 63 bytes, all but the triples of them that equal the key's.
-[[gnu::target(BRISAL_AVX512)]] inline void CopyUnlessTriple(uint8_t *to, const uint8_t *from,
-                                                            ptrdiff_t bytes,
-                                                            const Vector<uint8_t, 64> &key) {
-  const uint64_t inside = ~uint64_t{0} >> (64 - bytes);
-  const __m512i pixels = _mm512_maskz_loadu_epi8(inside, from);
-  const uint64_t equal = _mm512_cmpeq_epi8_mask(pixels, (__m512i)key);
+// Stores the first 3 to 63 bytes, all but the triples of them that equal the key's.
+[[gnu::target(BRISAL_AVX512)]] inline void StoreUnlessTriple(uint8_t *p, ptrdiff_t bytes,
+                                                             const Vector<uint8_t, 64> &key,
+                                                             const Vector<uint8_t, 64> &pixels) {
+  const uint64_t inside = FirstBits(bytes);
+  const uint64_t equal = _mm512_cmpeq_epi8_mask((__m512i)pixels, (__m512i)key);
   constexpr uint64_t kFirstOfThree = 0x1249249249249249;
   const uint64_t keys = (equal & equal >> 1 & equal >> 2 & kFirstOfThree) * 7;
-  _mm512_mask_storeu_epi8(to, inside & ~keys, pixels);
+  _mm512_mask_storeu_epi8(p, inside & ~keys, (__m512i)pixels);
 }
 #endif
 #endif

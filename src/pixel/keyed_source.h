@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "pixel/instructions.h"
 #include "pixel/pixel_source.h"
 #include "pixel/triples.h"
 
@@ -92,5 +93,20 @@ class KeyedTriples {
   const uint8_t *first_;
   uint32_t key_;
 };
+
+#if BRISAL_HAS_AVX512
+// Copies a row of pixels of three bytes but for the key, with which `keys` is filled: 21 of them are
+// compared and stored as they lie in memory.
+BRISAL_INLINE void CopyUnlessTriples(uint8_t *to, const uint8_t *from, ptrdiff_t n,
+                                     const Vector<uint8_t, 64> &keys) {
+  constexpr ptrdiff_t kMost = 63;
+  for (ptrdiff_t rest = n * 3; rest > 0; rest -= kMost, to += kMost, from += kMost) {
+    const ptrdiff_t bytes = rest < kMost ? rest : kMost;
+    Vector<uint8_t, 64> pixels;
+    LoadFirst(from, bytes, pixels);
+    StoreUnlessTriple(to, bytes, keys, pixels);
+  }
+}
+#endif
 
 }  // namespace brisal

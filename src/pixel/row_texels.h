@@ -108,6 +108,44 @@ BRISAL_INLINE bool CombinesAlongRow(const TexelPath &path, ptrdiff_t n, uint8_t 
   return CombinesGroupsAlongRow<F, 64>(path, n, pixels, rule) ||
          CombinesGroupsAlongRow<F, 32>(path, n, pixels, rule);
 }
+
+// Triples of a vector of them, of which there are sixteen numbers.
+BRISAL_INLINE Vector<uint8_t, 64> PermuteTriples(const Vector<uint8_t, 64> &triples,
+                                                 const Vector<uint32_t, 64> &numbers) {
+  const auto first = numbers + (numbers << 1);
+  const auto bytes = (first | first << 8 | first << 16) + 0x020100;
+  Vector<uint8_t, 64> thirdsOfWords = {};
+  for (int i = 0; i < 48; ++i) thirdsOfWords[i] = static_cast<uint8_t>(i / 3 * 4 + i % 3);
+  Vector<uint8_t, 64> from, permuted;
+  PermuteBytes(As<uint8_t>(bytes), thirdsOfWords, from);
+  PermuteBytes(triples, from, permuted);
+  return permuted;
+}
+
+// Calls store(i, bytes, pixels) for vectors of the n texels along a row of a texture of 24 bits. False
+// where they are too far apart.
+template <class Store>
+BRISAL_INLINE bool ForTriplesAlongRow(const TexelPath &path, ptrdiff_t n, Store store) {
+  // So many lie in 21 texels, which a vector of 64 bytes has.
+  const bool isNear = path.du + kOneTexel <= 2 * kOneTexel;
+  if (path.dv != 0 || path.du + 2 * kOneTexel > 4 * kOneTexel) return false;
+  const ptrdiff_t pixels = isNear ? 16 : 8;
+  using Words = Vector<uint32_t, 64>;
+  const Words steps = Splat<Words>(path.du) * LaneNumbers<Words>(std::make_index_sequence<16>{});
+  const uint8_t *const row = TexelAt<Rgb24>(path, 0, Whole(path.v));
+  uint32_t u = path.u;
+  for (ptrdiff_t i = 0; i < n; i += pixels, u += path.du * static_cast<uint32_t>(pixels)) {
+    const ptrdiff_t rest = std::min(n - i, pixels);
+    const uint32_t last = u + path.du * static_cast<uint32_t>(rest - 1);
+    const int32_t left = std::min(Whole(u), Whole(last));
+    const int32_t right = std::max(Whole(u), Whole(last));
+    Vector<uint8_t, 64> neighbours;
+    LoadFirst(row + ptrdiff_t{left} * 3, (right - left + 1) * 3, neighbours);
+    const Words columns = (Splat<Words>(u - static_cast<uint32_t>(left) * kOneTexel) + steps) >> 16;
+    store(i, rest * 3, PermuteTriples(neighbours, columns));
+  }
+  return true;
+}
 #endif
 
 }  // namespace brisal
