@@ -11,15 +11,14 @@
 namespace brisal {
 namespace {
 
-// The runs of the texels that are not the key.
-BRISAL_INLINE void FindRuns(int n, const uint32_t *stored, uint32_t key, TexelRuns *runs) {
+BRISAL_INLINE bool HasKey(int n, const uint32_t *stored, uint32_t key) {
   uint32_t keys = 0;
   for (int i = 0; i < n; ++i) keys |= stored[i] == key ? 1 : 0;
-  if (keys == 0) {
-    runs->run[0] = {0, n};
-    runs->count = 1;
-    return;
-  }
+  return keys != 0;
+}
+
+// The runs of the texels that are not the key.
+BRISAL_INLINE void FindRuns(int n, const uint32_t *stored, uint32_t key, TexelRuns *runs) {
   int count = 0;
   for (int i = 0; i < n;) {
     while (i < n && stored[i] == key) ++i;
@@ -44,15 +43,17 @@ struct Fetch : FetchColumns<F, Filtered> {
     const TexelPath path = *given;
     uint32_t own[kPiece];
     uint32_t *const stored = kIsColour ? texels : own;
+    bool hasKey = false;
     if constexpr (Filtered) {
-      TexelFilter<F, Compressed, Gathers, VectorBytes>(path).Run(n, texels, stored);
+      hasKey = TexelFilter<F, Compressed, Gathers, VectorBytes>(path).Run(n, texels, stored);
     } else {
       LoadStored<F, VectorBytes, Gathers>(path, n, stored);
       if constexpr (!kIsColour) {
         for (int i = 0; i < n; ++i) texels[i] = F::Widen(stored[i]);
       }
+      if constexpr (Compressed) hasKey = HasKey(n, stored, path.storedKey);
     }
-    if constexpr (Compressed) return FindRuns(n, stored, path.storedKey, runs);
+    if (Compressed && hasKey) return FindRuns(n, stored, path.storedKey, runs);
     runs->run[0] = {0, n};
     runs->count = 1;
   }

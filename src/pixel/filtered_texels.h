@@ -21,8 +21,8 @@ class TexelFilter {
  public:
   BRISAL_INLINE explicit TexelFilter(const TexelPath &path) : path_(path) {}
 
-  // Writes n filtered texels, and the own ones as they are stored.
-  BRISAL_INLINE void Run(int n, uint32_t *texels, uint32_t *stored) const {
+  // Writes n filtered texels, and the own ones as they are stored. Returns whether one of those is the key.
+  BRISAL_INLINE bool Run(int n, uint32_t *texels, uint32_t *stored) const {
     if constexpr (VectorBytes > 16) {
       using Narrower = TexelFilter<F, Compressed, Gathers, ColumnBytes, VectorBytes / 2>;
       if (n < kLanes) return Narrower(path_).Run(n, texels, stored);
@@ -32,14 +32,16 @@ class TexelFilter {
     while (begin < n && !HasNeighbours(begin)) ++begin;
     int end = n;
     while (end > begin && !HasNeighbours(end - 1)) --end;
+    bool hasKey = false;
     if (NearRows::Hold(path_) && end - begin >= kLanes) {
-      FilterInside(begin, end, texels, stored);
+      hasKey = FilterInside(begin, end, texels, stored);
     } else {
       begin = end = n;
     }
     for (const auto &edge : {std::pair(0, begin), std::pair(end, n)}) {
-      FilterAtEdges(edge.first, edge.second, texels, stored);
+      hasKey |= FilterAtEdges(edge.first, edge.second, texels, stored);
     }
+    return hasKey;
   }
 
  private:
@@ -52,7 +54,7 @@ class TexelFilter {
     return Whole(place.u) + 1 < path_.width && Whole(place.v) + 1 < path_.height;
   }
 
-  BRISAL_INLINE void FilterInside(int begin, int end, uint32_t *texels, uint32_t *stored) const {
+  BRISAL_INLINE bool FilterInside(int begin, int end, uint32_t *texels, uint32_t *stored) const {
 #if BRISAL_HAS_AVX512
     if constexpr (Gathers && VectorBytes == 64) {
       return Filter<GatheredRows>(begin, end, texels, stored);
@@ -60,33 +62,37 @@ class TexelFilter {
       if (PackedRows::Hold<F>(path_)) return Filter<PackedRows>(begin, end, texels, stored);
     }
 #endif
-    Filter<NearRows>(begin, end, texels, stored);
+    return Filter<NearRows>(begin, end, texels, stored);
   }
 
   // At least kLanes texels; the last ones may be filtered twice.
   template <class Rows>
-  BRISAL_INLINE void Filter(int begin, int end, uint32_t *texels, uint32_t *stored) const {
+  BRISAL_INLINE bool Filter(int begin, int end, uint32_t *texels, uint32_t *stored) const {
     using Places = PlacesOf<Rows, F, VectorBytes>;
     const int last = end - kLanes;
     const TexelPath inside = From(path_, begin);
     Places places(inside);
     Coordinates<VectorBytes> coordinates(inside);
+    V keys = {};
     for (int i = begin; i < last; i += kLanes) {
-      FilterGroup(places, coordinates, texels + i, stored + i);
+      keys |= FilterGroup(places, coordinates, texels + i, stored + i);
       places.Advance(kLanes);
       coordinates.Advance(kLanes);
     }
     const TexelPath rest = From(path_, last);
-    FilterGroup(Places(rest), Coordinates<VectorBytes>(rest), texels + last, stored + last);
+    keys |= FilterGroup(Places(rest), Coordinates<VectorBytes>(rest), texels + last, stored + last);
+    return HasBits(keys);
   }
 
+  // Returns ones where an own texel is the key.
   template <class Places>
-  BRISAL_INLINE void FilterGroup(const Places &places, const Coordinates<VectorBytes> &coordinates,
-                                 uint32_t *texels, uint32_t *stored) const {
+  BRISAL_INLINE V FilterGroup(const Places &places, const Coordinates<VectorBytes> &coordinates,
+                              uint32_t *texels, uint32_t *stored) const {
     AllPairs top, bottom;
     Load(places, top, bottom);
     StoreVector(Bytes(texels), Blend(top, bottom, coordinates.U(), coordinates.V()));
     StoreVector(Bytes(stored), top.Own());
+    return As<uint32_t>(top.Own() == path_.storedKey);
   }
 
   BRISAL_INLINE void Load(const GatheredPlaces<F, VectorBytes> &places, AllPairs &top,
@@ -112,9 +118,10 @@ class TexelFilter {
   }
 
   // Texels that may lie in the texture's last column or row: those are repeated.
-  BRISAL_INLINE void FilterAtEdges(int begin, int end, uint32_t *texels, uint32_t *stored) const {
+  BRISAL_INLINE bool FilterAtEdges(int begin, int end, uint32_t *texels, uint32_t *stored) const {
     using One = Vector<uint32_t, 16>;
     using OnePair = Pairs<F, One, ColumnBytes, Compressed>;
+    bool hasKey = false;
     for (int i = begin; i < end; ++i) {
       const TexelPath place = From(path_, i);
       const int32_t column = Whole(place.u);
@@ -132,7 +139,9 @@ class TexelFilter {
       OnePair::Load(topAt, bottomAt, top, bottom);
       texels[i] = Blend(top, bottom, Splat<One>(place.u), Splat<One>(place.v))[0];
       stored[i] = top.Own()[0];
+      hasKey |= stored[i] == path_.storedKey;
     }
+    return hasKey;
   }
 
   template <class P, class W>

@@ -60,6 +60,13 @@ BRISAL_INLINE V Splat(T x) {
   return v;
 }
 
+template <class V>
+BRISAL_INLINE bool HasBits(V v) {
+  uint64_t bits = 0;
+  for (size_t i = 0; i < sizeof(V) / 8; ++i) bits |= As<uint64_t>(v)[i];
+  return bits != 0;
+}
+
 // 0, 1, 2 ... as many as there are numbers I.
 template <class V, size_t... I>
 BRISAL_INLINE V LaneNumbers(std::index_sequence<I...>) {
