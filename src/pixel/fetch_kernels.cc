@@ -46,6 +46,8 @@ struct Fetch : FetchColumns<F, Filtered> {
     bool hasKey = false;
     if constexpr (Filtered) {
       hasKey = TexelFilter<F, Compressed, Gathers, VectorBytes>(path).Run(n, texels, stored);
+    } else if (IsStraight(path)) {
+      hasKey = LoadStraight(path, n, texels, stored);
     } else {
       LoadStored<F, VectorBytes, Gathers>(path, n, stored);
       if constexpr (!kIsColour) {
@@ -56,6 +58,24 @@ struct Fetch : FetchColumns<F, Filtered> {
     if (Compressed && hasKey) return FindRuns(n, stored, path.storedKey, runs);
     runs->run[0] = {0, n};
     runs->count = 1;
+  }
+
+ private:
+  // All at once: what was just stored is slow to load as wider words. Returns whether one of the texels is
+  // the key, where they are compressed.
+  BRISAL_INLINE static bool LoadStraight(const TexelPath &path, int n, uint32_t *texels,
+                                         uint32_t *stored) {
+    const uint32_t key = path.storedKey;
+    uint32_t keys = 0;
+    ForEachStraight<F>(
+        path, n, [&](int i, uint32_t texel) __attribute__((always_inline)) {
+          if constexpr (Compressed) {
+            stored[i] = texel;
+            keys |= texel == key ? 1 : 0;
+          }
+          texels[i] = F::Widen(texel);
+        });
+    return keys != 0;
   }
 };
 

@@ -156,13 +156,18 @@ BRISAL_INLINE void LoadGathered(const TexelPath &path, int n, uint32_t *stored) 
       });
 }
 
+// Calls take(i, texel) for each of n texels of a straight path, as they are stored.
+template <class F, class Take>
+BRISAL_INLINE void ForEachStraight(const TexelPath &path, int n, Take take) {
+  const uint8_t *const first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
+  for (int i = 0; i < n; ++i) take(i, F::Load(first + i * F::kBytes));
+}
+
 // Loads n texels as they are stored. There is room for a multiple of sixteen.
 template <class F, int VectorBytes, bool Gathers = false>
 BRISAL_INLINE void LoadStored(const TexelPath &path, int n, uint32_t *stored) {
   if (IsStraight(path)) {
-    const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
-    for (int i = 0; i < n; ++i) stored[i] = F::Load(first + i * F::kBytes);
-    return;
+    return ForEachStraight<F>(path, n, [stored](int i, uint32_t texel) { stored[i] = texel; });
   }
   if constexpr (F::kBytes == 4) {
     if (LoadVectors<F, VectorBytes>(path, n, reinterpret_cast<uint8_t *>(stored))) return;
