@@ -116,11 +116,13 @@ struct CopySpans : GathersTexels {
   template <int VectorBytes>
   BRISAL_INLINE static void CopyStraight(const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
     const uint8_t *first = TexelAt<F>(path, Whole(path.u), Whole(path.v));
-    if constexpr (kKeyed && F::kBytes == 3) {
-      CombineRun<F, VectorBytes>(pixels, pixels, n, UnlessMasked{},
-                                 KeyedTriples(first, path.storedKey));
-    } else {
+    if constexpr (!kKeyed || F::kBytes != 3) {
       Combine<VectorBytes>(path, n, pixels, Pixels<F>(first));
+    } else if constexpr (VectorBytes < 64) {
+      const KeyedTriples texels(first, path.storedKey);
+      CombineRun<F, VectorBytes>(pixels, pixels, n, UnlessMasked{}, texels);
+    } else {
+      CopyUnlessTriples(pixels, first, n, RepeatedKey(path));
     }
   }
 
@@ -155,10 +157,12 @@ struct CopySpans : GathersTexels {
         });
   }
 
-  // Pixels of three bytes, of which the key is not looked for in vectors unless they are gathered.
   template <int VectorBytes, class Rows>
   BRISAL_INLINE static void CopyTriples(Rows, const TexelPath &path, ptrdiff_t n, uint8_t *pixels) {
-    if (path.dv == 0 && CopiesTriplesAlongRow<VectorBytes>(path, n, pixels)) return;
+    if (IsStraight(path)) return CopyStraight<VectorBytes>(path, n, pixels);
+    if constexpr (VectorBytes == 64) {
+      if (CopiesTriplesAlongRow(path, n, pixels)) return;
+    }
     if constexpr (std::is_same_v<Rows, GatheredRows>) {
       return CopyTexels<VectorBytes>(Rows{}, path, n, pixels);
     }
@@ -170,38 +174,21 @@ struct CopySpans : GathersTexels {
         });
   }
 
+  BRISAL_INLINE static auto RepeatedKey(const TexelPath &path) {
+    return Flat<F>(path.storedKey).template Start<64>().Get().part[0];
+  }
+
   // False where vectors do not reach.
-  template <int VectorBytes>
   BRISAL_INLINE static bool CopiesTriplesAlongRow(const TexelPath &path, ptrdiff_t n,
                                                   uint8_t *pixels) {
-#if BRISAL_HAS_AVX512
-    if constexpr (VectorBytes == 64 && kKeyed) {
-      const auto keys = Flat<Rgb24>(path.storedKey).template Start<64>().Get().part[0];
-      if (IsStraight(path)) {
-        CopyUnlessTriples(pixels, TexelAt<F>(path, Whole(path.u), Whole(path.v)), n, keys);
-        return true;
-      }
-      return ForTriplesAlongRow(
-          path,
-          n, [=](ptrdiff_t i, ptrdiff_t bytes, const auto &texels) __attribute__((always_inline)) {
-            StoreUnlessTriple(pixels + i * 3, bytes, keys, texels);
-          });
-    }
-#endif
-    if (IsStraight(path)) {
-      CopyStraight<VectorBytes>(path, n, pixels);
-      return true;
-    }
-#if BRISAL_HAS_AVX512
-    if constexpr (VectorBytes == 64) {
-      return ForTriplesAlongRow(
-          path,
-          n, [=](ptrdiff_t i, ptrdiff_t bytes, const auto &texels) __attribute__((always_inline)) {
-            StoreFirst(pixels + i * 3, bytes, texels);
-          });
-    }
-#endif
-    return false;
+    const auto key = RepeatedKey(path);
+    return ForTriplesAlongRow(
+        path,
+        n, [=](ptrdiff_t i, ptrdiff_t bytes, const auto &texels) __attribute__((always_inline)) {
+          uint8_t *const to = pixels + i * F::kBytes;
+          if constexpr (kKeyed) return StoreUnlessTriple(to, bytes, key, texels);
+          StoreFirst(to, bytes, texels);
+        });
   }
 
   BRISAL_INLINE static auto RuleOf(const TexelPath &path) {
