@@ -158,6 +158,26 @@ TEST_P(Writers, EveryPairOfChannels) {
   }
 }
 
+// What caches do not hold is filled in another way.
+TEST_P(Writers, LargeBoxesAreTheirRows) {
+  constexpr int32_t kWidth = 2047, kHeight = 1600;
+  for (int32_t state : SwitchStates()) {
+    BRSL_SetMMXState(state);
+    for (bool hasGaps : {false, true}) {
+      Layout layout = Row(GetParam(), kWidth, 1);
+      layout.height = kHeight;
+      if (hasGaps) layout.pitch = -layout.pitch - 5;
+      layout.viewport.bottom = kHeight;
+      Picture whole(layout), rows(layout);
+      Target(rows);
+      for (int32_t y = 0; y < kHeight; y++) BRSL_Box(0, y, kWidth, y + 1, 0x96A5C3, BRSL_FILLED);
+      Target(whole);
+      BRSL_Box(0, 0, kWidth, kHeight, 0x96A5C3, BRSL_FILLED);
+      ASSERT_EQ(Difference(whole, rows), "") << "switch " << state << ", gaps " << hasGaps;
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Formats, Writers, testing::Range(1, 6));
 
 }  // namespace

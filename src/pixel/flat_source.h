@@ -55,6 +55,7 @@ class Flat {
     }
   }
 
+  BRISAL_INLINE uint32_t Word() const requires(F::kBytes != 3) { return words_[0]; }
   BRISAL_INLINE Flat Behind(ptrdiff_t) const { return *this; }
   BRISAL_INLINE auto One(ptrdiff_t) const { return FirstOf<F>(words_[0]); }
 

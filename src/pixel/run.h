@@ -6,6 +6,7 @@
 
 #include "pixel/format.h"
 #include "pixel/instructions.h"
+#include "pixel/large_fill.h"
 
 // Combining a run of pixels with a source of colours, in vectors of whatever width the caller's
 // column has. A source gives single pixels (One) and a cursor at its start (Start), which gives the
@@ -132,6 +133,12 @@ concept CanBeginLater = requires(const Source &source, ptrdiff_t pixels) {
   source.Behind(pixels);
 };
 
+// A source of one word, over and over.
+template <class Source>
+concept RepeatsWord = requires(const Source &source) {
+  source.Word();
+};
+
 template <class F, class R, class Source>
 BRISAL_INLINE bool IsAligned(ptrdiff_t n) {
   constexpr ptrdiff_t kLongBytes = 1024;
@@ -208,6 +215,10 @@ BRISAL_INLINE void CombineBlock(uint8_t *row, ptrdiff_t pitch, ptrdiff_t n, ptrd
   if constexpr (kIsLong) {
     using Source = std::remove_cvref_t<decltype(sourceOf(0))>;
     if (IsAligned<F, R, Source>(n)) {
+      if constexpr (kRepeatsStores && RepeatsWord<Source>) {
+        const ptrdiff_t bytes = n * F::kBytes;
+        if (IsLargeFill(bytes, rows)) return FillLarge(row, pitch, bytes, rows, sourceOf(0).Word());
+      }
       for (ptrdiff_t y = 0; y < rows; ++y, row += pitch) {
         CombineAligned<F, VectorBytes>(row, n, rule, sourceOf(y));
       }
