@@ -139,17 +139,15 @@ template <class Half, class V>
   permuted = (Vector<uint8_t, 64>)_mm512_permutexvar_epi8((__m512i)from, (__m512i)table);
 }
 
-// The lanes of a table that `from` numbers, which has as many or fewer.
+// The lanes of a table that `from` numbers, which has as many or half of them.
 template <class Table, class V>
 [[gnu::target(BRISAL_AVX512)]] inline void PermuteLanes(const Table &table, const V &from,
                                                         V &permuted) {
   __m512i numbers;
   if constexpr (sizeof(V) == 64) {
     numbers = (__m512i)from;
-  } else if constexpr (sizeof(V) == 32) {
-    numbers = _mm512_castsi256_si512((__m256i)from);
   } else {
-    numbers = _mm512_castsi128_si512((__m128i)from);
+    numbers = _mm512_castsi256_si512((__m256i)from);
   }
   __m512i lanes;
   if constexpr (sizeof(from[0]) == 2) {
